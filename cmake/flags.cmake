@@ -1,0 +1,26 @@
+# One strict warning set for our own code; googletest and the system headers are outside it.
+add_library(project_flags INTERFACE)
+target_compile_options(project_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Werror
+  -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual -Wformat=2 -Wundef -Wextra-semi
+  -Wimplicit-fallthrough
+  $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override>
+  -fstack-protector-strong)
+target_compile_definitions(project_flags INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
+if(WIN32)
+  # -fstack-protector-strong at the link too: gcc then adds -lssp (mingw-w64 10 has no ssp of its own).
+  target_link_options(project_flags INTERFACE -static -fstack-protector-strong
+    -Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>)
+  # winedbg 8.0 reads DWARF 4, not gcc's own 5: with it a crash prints functions and lines.
+  target_compile_options(project_flags INTERFACE $<$<CONFIG:Debug>:-gdwarf-4>)
+endif()
+if(NAVRIX_SANITIZE)
+  target_compile_options(project_flags INTERFACE
+    -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(project_flags INTERFACE -fsanitize=address,undefined)
+endif()
+# Only what is built with these may include <windows.h>: the rules are not.
+add_library(windows_flags INTERFACE)
+target_link_libraries(windows_flags INTERFACE project_flags)
+target_compile_definitions(windows_flags INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
+  _WIN32_WINNT=0x0601 WINVER=0x0601 _WIN32_IE=0x0600)

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "docs/menu_lines.h"
+#include "platform/ansi_text.h"
+#include "platform/event_pump.h"
+#include "platform/files.h"
+#include "platform/font.h"
+#include "platform/prompts.h"
+#include "platform/settings.h"
+
+#include <string>
+
+namespace nv
+{
+
+// What the document reports; the windows listen.
+class DocumentEvents
+{
+public:
+    virtual ~DocumentEvents() = default;
+    // Another menu is about to take the place of the one at path: a step for the history.
+    virtual void Leaving(const std::string& path) = 0;
+    // The entries are gone; nothing of the lines may be used any more.
+    virtual void Cleared() = 0;
+    // The file name to show as the menu's title.
+    virtual void TitleChanged(const std::string& fileName) = 0;
+    // A file was read whole: path belongs into the window's caption.
+    virtual void Opened(const std::string& path) = 0;
+    // The lines are new: show them (LoadFields). May re-enter. False when the showing was ended
+    // before its last line because it is no longer wanted.
+    virtual bool LinesRebuilt() = 0;
+    // The current file is another one (empty: none).
+    virtual void FileChanged(const std::string& path) = 0;
+    virtual void HomeChanged(const std::string& path) = 0;
+};
+
+// The one open menu document: its lines, its file, whether it was changed, and the operations that
+// replace, create and save it. All paths are ANSI.
+class MenuDocument
+{
+public:
+    // The references must outlive the document.
+    // defaultFont: of entries whose line names no font.
+    MenuDocument(Files& files, Prompts& prompts, Settings& settings, EventPump& pump,
+                 DocumentEvents& events, const CodePage& codePage, const Font& defaultFont);
+
+    // Makes path the shown menu, asking first whether to save changes; true when it was opened.
+    // Every refusal is told to the user in a message box. May re-enter; must not be called while
+    // Loading().
+    bool FOpen(const std::string& path);
+    // Reads the Menu file at path and has it shown. False after telling the user why it could not
+    // be read, or when the load was ended by the pump. What was cleared by then stays cleared: the
+    // document is then empty and has no file, so that no save can put the remains over a menu. May
+    // re-enter; must not be called while Loading().
+    bool OpenPDM(const std::string& path);
+    // Writes the lines to path; false after telling the user why it could not. The old file or the
+    // new one stands whole under its name whatever happens.
+    bool SavePDM(const std::string& path);
+    // Creates an empty Menu file and the folders above it, asking before it overwrites one.
+    bool CreateNewMenuFile(const std::string& path);
+    // The toolbar's "Save Menu": saves to the current file, if there is one.
+    void SaveMenu();
+    // The toolbar's "Set This Menu As Home Menu": does nothing without a current file.
+    void SetThisMenuAsHomeMenu();
+    // Asks about unsaved changes before the program ends (only while the changed mark MCh is set);
+    // false: the program is to go on.
+    bool MayClose();
+
+    // Full path of the current Menu file; empty when none.
+    const std::string& FFile() const { return file_; }
+    void SetFFile(const std::string& path);
+    // Path of the home menu; empty when none.
+    const std::string& Home() const { return home_; }
+    void SetHome(const std::string& path);
+    // The changed mark. Setting it also sets the unsaved-changes flag; clearing it does not clear
+    // that: an edit followed by an undoing edit still counts as unsaved.
+    bool MCh() const { return changed_; }
+    void SetMCh(bool changed);
+    bool UnsavedChanges() const { return unsaved_; }
+    // The next FOpen leaves no step in the history.
+    void SetNoHistory() { noHistory_ = true; }
+
+    // True from the clearing of the old menu to the end of the new one's load.
+    bool Loading() const { return loading_; }
+    const MenuLines& Lines() const { return lines_; }
+    MenuLines& Lines() { return lines_; }
+    const Font& DefaultFont() const { return defaultFont_; }
+    const CodePage& Page() const { return codePage_; }
+
+private:
+    bool AskToSave(bool& goOn);
+    bool ReadLines(File& file, SystemError& error);
+    std::string FileForm() const; // RCrLf's write list, joined as it stands in the file
+
+    Files& files_;
+    Prompts& prompts_;
+    Settings& settings_;
+    EventPump& pump_;
+    DocumentEvents& events_;
+    CodePage codePage_;
+    Font defaultFont_;
+    MenuLines lines_;
+    std::string file_;
+    std::string home_;
+    bool changed_ = false;
+    bool unsaved_ = false;
+    bool noHistory_ = false;
+    bool loading_ = false;
+};
+
+} // namespace nv

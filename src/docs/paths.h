@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/ansi_text.h"
+#include "platform/files.h"
+
+#include <string>
+#include <string_view>
+
+namespace nv
+{
+
+struct PathParts {
+    std::string fileName;
+    std::string folder; // without its closing backslash, unless it is a drive root
+};
+
+// "C:\Menus\Start.nvm" gives "Start.nvm" and "C:\Menus"; "C:\Start.nvm" gives "Start.nvm", "C:\".
+PathParts SplitPath(std::string_view path, const CodePage& codePage);
+
+// The upper-cased text after the last "." of path, wherever that stands: "C:\My.Menus\Start" gives
+// "MENUS\START". Empty when there is no ".".
+std::string FileExtension(std::string_view path);
+
+// Creates folder and the missing folders above it, at most 21 levels. Failures are ignored: the
+// levels that exist, or cannot be made, do not stop those below.
+void MakeFolders(Files& files, std::string_view folder, const CodePage& codePage);
+
+// True when a listing of path finds a file (not a folder), be it hidden, system or read-only.
+bool FileExists(Files& files, const std::string& path);
+
+} // namespace nv

@@ -1,0 +1,119 @@
+#include "platform/ansi_text.h"
+
+#include "platform/units.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace nv
+{
+
+namespace
+{
+
+char UpperByte(char ch)
+{
+    return ch >= 'a' && ch <= 'z' ? static_cast<char>(ch - 'a' + 'A') : ch;
+}
+
+} // namespace
+
+bool CodePage::IsLeadByte(char byte) const
+{
+    const auto code = static_cast<unsigned char>(byte);
+    switch (number_) {
+    case 932:
+        return (code >= 0x81 && code <= 0x9F) || (code >= 0xE0 && code <= 0xFC);
+    case 936:
+    case 949:
+    case 950:
+        return code >= 0x81 && code <= 0xFE;
+    case 1361:
+        return (code >= 0x84 && code <= 0xD3) || (code >= 0xD8 && code <= 0xDE) ||
+               (code >= 0xE0 && code <= 0xF9);
+    default:
+        return false;
+    }
+}
+
+std::size_t CodePage::CharacterLength(std::string_view text, std::size_t at) const
+{
+    return at + 1 < text.size() && IsLeadByte(text[at]) ? 2 : 1;
+}
+
+std::size_t CodePage::CountCharacters(std::string_view text) const
+{
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size(); at += CharacterLength(text, at)) {
+        ++count;
+    }
+    return count;
+}
+
+std::string_view CodePage::FirstCharacters(std::string_view text, std::size_t count) const
+{
+    std::size_t at = 0;
+    for (; count > 0 && at < text.size(); --count) {
+        at += CharacterLength(text, at);
+    }
+    return text.substr(0, at);
+}
+
+std::size_t CodePage::FindLast(std::string_view text, char ch) const
+{
+    std::size_t found = std::string_view::npos;
+    for (std::size_t at = 0; at < text.size(); at += CharacterLength(text, at)) {
+        if (text[at] == ch) {
+            found = at;
+        }
+    }
+    return found;
+}
+
+std::string UpperCase(std::string_view text)
+{
+    std::string upper(text);
+    std::transform(upper.begin(), upper.end(), upper.begin(), UpperByte);
+    return upper;
+}
+
+bool EqualIgnoringCase(std::string_view left, std::string_view right)
+{
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, char b) { return UpperByte(a) == UpperByte(b); });
+}
+
+std::string_view Trim(std::string_view text)
+{
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::optional<std::int32_t> ParseInteger(std::string_view text)
+{
+    text = Trim(text);
+    const bool plus = !text.empty() && text.front() == '+';
+    std::string digits(plus ? text.substr(1) : text);
+    std::replace(digits.begin(), digits.end(), ',', '.');
+    const auto isPlain = [](char ch) { return (ch >= '0' && ch <= '9') || ch == '.'; };
+    const std::size_t sign = !plus && !digits.empty() && digits.front() == '-' ? 1 : 0;
+    if (!std::all_of(digits.begin() + static_cast<std::ptrdiff_t>(sign), digits.end(), isPlain)) {
+        return std::nullopt;
+    }
+    double value = 0;
+    const char* end = digits.data() + digits.size();
+    const auto result = std::from_chars(digits.data(), end, value, std::chars_format::fixed);
+    if (result.ec != std::errc() || result.ptr != end) {
+        return std::nullopt;
+    }
+    const double rounded = std::nearbyint(value);
+    if (rounded < -2147483648.0 || rounded > 2147483647.0) {
+        return std::nullopt;
+    }
+    return static_cast<std::int32_t>(rounded);
+}
+
+} // namespace nv

@@ -1,0 +1,49 @@
+// Text is bytes in the process's ANSI code page. These are the few operations on it that the whole
+// program shares; none of them depends on the C locale.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace nv
+{
+
+// Knows which bytes begin a two-byte character, so that a trail byte that happens to equal "\" or a
+// letter is not taken for one. A value type; the default is a single-byte code page.
+class CodePage
+{
+public:
+    CodePage() = default;
+    // number: the Windows code page (932, 936, 949, 950 and 1361 have two-byte characters; in every
+    // other, UTF-8 included, no byte below 128 is part of a longer character).
+    explicit CodePage(unsigned number) : number_(number) {}
+
+    unsigned Number() const { return number_; }
+    bool IsLeadByte(char byte) const;
+    // Bytes of the character that starts at text[at]: 1 or 2, never past the end. at < text.size().
+    std::size_t CharacterLength(std::string_view text, std::size_t at) const;
+    // Number of whole characters in text.
+    std::size_t CountCharacters(std::string_view text) const;
+    // The first count characters of text, or all of it.
+    std::string_view FirstCharacters(std::string_view text, std::size_t count) const;
+    // Position (from 0) of the last ch in text that is a character of its own; npos if none.
+    std::size_t FindLast(std::string_view text, char ch) const;
+
+private:
+    unsigned number_ = 1252;
+};
+
+// Upper case of the ASCII letters; every other byte stays. For comparisons only.
+std::string UpperCase(std::string_view text);
+// Equal but for the case of ASCII letters.
+bool EqualIgnoringCase(std::string_view left, std::string_view right);
+// Without the blanks (code 32) at both ends.
+std::string_view Trim(std::string_view text);
+// A whole number as people and programs write it: blanks around, a sign, digits, perhaps a fraction
+// after "." or "," (rounded half to even). Nothing when it is no number or beyond 32 bits.
+std::optional<std::int32_t> ParseInteger(std::string_view text);
+
+} // namespace nv

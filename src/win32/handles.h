@@ -1,0 +1,102 @@
+// Move-only owners of the platform's handles.
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+
+namespace nv
+{
+
+// Owns one handle; Traits says what "none" is and how one is released.
+template <class Traits> class UniqueHandle
+{
+public:
+    using Type = typename Traits::Type;
+
+    UniqueHandle() = default;
+    explicit UniqueHandle(Type handle) : handle_(handle) {}
+    UniqueHandle(UniqueHandle&& other) noexcept
+        : handle_(std::exchange(other.handle_, Traits::None()))
+    {
+    }
+    UniqueHandle& operator=(UniqueHandle&& other) noexcept
+    {
+        if (this != &other) {
+            Reset(std::exchange(other.handle_, Traits::None()));
+        }
+        return *this;
+    }
+    UniqueHandle(const UniqueHandle&) = delete;
+    UniqueHandle& operator=(const UniqueHandle&) = delete;
+    ~UniqueHandle() { Reset(); }
+
+    Type Get() const { return handle_; }
+    explicit operator bool() const { return handle_ != Traits::None(); }
+    // Releases what is owned and takes over handle.
+    void Reset(Type handle = Traits::None())
+    {
+        if (handle_ != Traits::None()) {
+            Traits::Release(handle_);
+        }
+        handle_ = handle;
+    }
+
+private:
+    Type handle_ = Traits::None();
+};
+
+struct FileTraits {
+    using Type = HANDLE;
+    static Type None() { return INVALID_HANDLE_VALUE; }
+    static void Release(Type handle) { CloseHandle(handle); }
+};
+using FileHandle = UniqueHandle<FileTraits>;
+
+struct FindTraits {
+    using Type = HANDLE;
+    static Type None() { return INVALID_HANDLE_VALUE; }
+    static void Release(Type handle) { FindClose(handle); }
+};
+using FindHandle = UniqueHandle<FindTraits>;
+
+struct KernelTraits {
+    using Type = HANDLE;
+    static Type None() { return nullptr; }
+    static void Release(Type handle) { CloseHandle(handle); }
+};
+using KernelHandle = UniqueHandle<KernelTraits>;
+
+struct RegistryTraits {
+    using Type = HKEY;
+    static Type None() { return nullptr; }
+    static void Release(Type handle) { RegCloseKey(handle); }
+};
+using RegistryKey = UniqueHandle<RegistryTraits>;
+
+// Fonts, brushes, pens, bitmaps and regions. Must not be selected into a device context when it is
+// released.
+template <class Handle> struct GdiTraits {
+    using Type = Handle;
+    static Type None() { return nullptr; }
+    static void Release(Type handle) { DeleteObject(handle); }
+};
+using FontHandle = UniqueHandle<GdiTraits<HFONT>>;
+using BrushHandle = UniqueHandle<GdiTraits<HBRUSH>>;
+using BitmapHandle = UniqueHandle<GdiTraits<HBITMAP>>;
+
+struct IconTraits {
+    using Type = HICON;
+    static Type None() { return nullptr; }
+    static void Release(Type handle) { DestroyIcon(handle); }
+};
+using IconHandle = UniqueHandle<IconTraits>;
+
+struct MemoryDcTraits {
+    using Type = HDC;
+    static Type None() { return nullptr; }
+    static void Release(Type handle) { DeleteDC(handle); }
+};
+using MemoryDc = UniqueHandle<MemoryDcTraits>;
+
+} // namespace nv

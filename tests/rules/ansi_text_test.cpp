@@ -1,0 +1,55 @@
+#include "platform/ansi_text.h"
+
+#include <gtest/gtest.h>
+
+namespace nv
+{
+namespace
+{
+
+TEST(AnsiText, ParsesWholeNumbers)
+{
+    struct Case {
+        const char* text;
+        std::optional<std::int32_t> value;
+    };
+    const Case cases[] = {
+        {"0", 0},
+        {" 12 ", 12},
+        {"+7", 7},
+        {"-2147483648", INT32_MIN},
+        {"2147483647", INT32_MAX},
+        {"8.5", 8}, // halves go to the even neighbour
+        {"9.5", 10},
+        {"-857,1429", -857},
+        {"", std::nullopt},
+        {"-", std::nullopt},
+        {".", std::nullopt},
+        {"1.2.3", std::nullopt},
+        {"12pt", std::nullopt},
+        {"1e3", std::nullopt},
+        {"inf", std::nullopt},
+        {"--1", std::nullopt},
+        {"+-1", std::nullopt},
+        {"2147483648", std::nullopt},
+        {"99999999999999999999999999", std::nullopt},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(ParseInteger(c.text), c.value) << c.text;
+    }
+}
+
+TEST(AnsiText, TrailBytesAreNotTakenForCharacters)
+{
+    // In code page 932 the byte "\" is the second half of many characters: 0x83 0x5C is one.
+    const std::string text = "C:\\\x83\x5C\x83\x5C.nvm";
+    EXPECT_EQ(CodePage(932).FindLast(text, '\\'), 2u);
+    EXPECT_EQ(CodePage(1252).FindLast(text, '\\'), 6u);
+    EXPECT_EQ(CodePage(932).CountCharacters(text), 9u);
+    EXPECT_EQ(CodePage(932).FirstCharacters(text, 4), text.substr(0, 5));
+    EXPECT_EQ(CodePage(932).FirstCharacters("a\x83", 5), "a\x83"); // a lead byte cut off at the end
+    EXPECT_EQ(CodePage(65001).FindLast("\xE3\x82\xBD\\", '\\'), 3u);
+}
+
+} // namespace
+} // namespace nv
