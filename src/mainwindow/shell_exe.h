@@ -9,6 +9,7 @@
 #include "platform/ansi_text.h"
 #include "platform/shell.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -44,6 +45,9 @@ struct SplitResult {
 
 // Splits a command into its program part and its arguments.
 SplitResult SplitCommand(std::string_view command, bool keepQuotes);
+
+// Where the launch switch of a command begins (from 0): at its last "/NV", in any case. npos: none.
+std::size_t FindSwitch(std::string_view command);
 
 // True for a command that runs the companion launcher: it begins with NVSUB, quoted or not.
 bool IsLauncherCommand(std::string_view command);

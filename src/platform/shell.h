@@ -36,18 +36,20 @@ struct ProcessStartRequest {
     std::uint32_t creationFlags = 0;
 };
 
+// The names of its functions are not those of the platform's calls, which <windows.h> makes macros.
 class Shell
 {
 public:
     virtual ~Shell() = default;
     // The program that opens file: writes its path and a NUL into answer and returns the shell's
-    // result, above 32 for success. answer must hold at least 260 characters.
-    virtual std::int32_t FindExecutable(const std::string& file, const std::string& directory,
-                                        std::span<char> answer) = 0;
+    // result, above 32 for success. answer must hold at least 260 characters; file must not be
+    // longer than 259.
+    virtual std::int32_t FindProgram(const std::string& file, const std::string& directory,
+                                     std::span<char> answer) = 0;
     // Starts or opens a file; the shell's result, above 32 for success. May re-enter.
-    virtual std::int32_t ShellExecute(const ShellStartRequest& request) = 0;
+    virtual std::int32_t StartByShell(const ShellStartRequest& request) = 0;
     // Starts a process and closes its handles at once; not 0 for success.
-    virtual std::int32_t CreateProcess(const ProcessStartRequest& request) = 0;
+    virtual std::int32_t StartProcess(const ProcessStartRequest& request) = 0;
 };
 
 } // namespace nv
