@@ -1,0 +1,142 @@
+#include "win32/gdi_text.h"
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+
+namespace nv
+{
+
+namespace
+{
+
+// More than any screen shows at once; the platform allows a process some thousands.
+constexpr std::size_t kOpenFonts = 200;
+// The platform measures texts of any length, but its time and its whole numbers do not.
+constexpr std::size_t kPiece = 4096;
+
+} // namespace
+
+LOGFONTA LogFontOf(const Font& font, const ScreenScale& scale)
+{
+    LOGFONTA record = {};
+    record.lfHeight = -RoundHalfEven(font.size * 20 / scale.twipsPerPixelY);
+    record.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+    record.lfItalic = font.italic;
+    record.lfUnderline = font.underline;
+    record.lfStrikeOut = font.strikethrough;
+    record.lfCharSet = static_cast<BYTE>(font.charset);
+    std::memcpy(record.lfFaceName, font.name.data(),
+                std::min(font.name.size(), sizeof record.lfFaceName - 1));
+    return record;
+}
+
+std::size_t GdiText::Hash::operator()(const Font& font) const
+{
+    const auto flags = static_cast<std::size_t>(font.bold) |
+                       static_cast<std::size_t>(font.italic) << 1 |
+                       static_cast<std::size_t>(font.strikethrough) << 2 |
+                       static_cast<std::size_t>(font.underline) << 3;
+    return std::hash<std::string>()(font.name) ^
+           (std::hash<double>()(font.size) * 31 + flags * 131 +
+            static_cast<std::size_t>(static_cast<std::uint16_t>(font.charset)) * 8191);
+}
+
+GdiText::GdiText(const ScreenScale& scale, const CodePage& codePage)
+    : scale_(scale), codePage_(codePage), dc_(CreateCompatibleDC(nullptr))
+{
+    initialFont_ = GetCurrentObject(dc_.Get(), OBJ_FONT);
+}
+
+GdiText::~GdiText()
+{
+    CloseFonts();
+}
+
+void GdiText::CloseFonts()
+{
+    SelectObject(dc_.Get(), initialFont_);
+    for (auto& [font, entry] : entries_) {
+        entry.handle.Reset();
+    }
+    openFonts_ = 0;
+    lastFont_ = nullptr;
+}
+
+void GdiText::Open(const Font& font, Entry& entry)
+{
+    if (openFonts_ >= kOpenFonts) {
+        CloseFonts();
+    }
+    const LOGFONTA record = LogFontOf(font, scale_);
+    entry.handle.Reset(CreateFontIndirectA(&record));
+    ++openFonts_;
+}
+
+GdiText::Entry& GdiText::EntryOf(const Font& font)
+{
+    if (lastFont_ != nullptr && *lastFont_ == font) {
+        return *lastEntry_;
+    }
+    const auto place = entries_.try_emplace(font).first;
+    Entry& entry = place->second;
+    if (!entry.handle) {
+        Open(font, entry);
+    }
+    SelectObject(dc_.Get(), entry.handle.Get());
+    if (entry.lineHeight == 0) {
+        TEXTMETRICA metrics = {};
+        GetTextMetricsA(dc_.Get(), &metrics);
+        entry.lineHeight = std::max<int>(metrics.tmHeight, 1);
+    }
+    lastFont_ = &place->first;
+    lastEntry_ = &entry;
+    return entry;
+}
+
+HFONT GdiText::Handle(const Font& font)
+{
+    return EntryOf(font).handle.Get();
+}
+
+Twips GdiText::LineHeight(const Font& font)
+{
+    return scale_.TwipsY(EntryOf(font).lineHeight);
+}
+
+Twips GdiText::Width(const Font& font, std::string_view text)
+{
+    EntryOf(font); // selects it
+    double pixels = 0;
+    while (!text.empty()) {
+        const std::string_view piece = codePage_.FirstCharacters(text, kPiece);
+        SIZE size = {};
+        GetTextExtentPoint32A(dc_.Get(), piece.data(), static_cast<int>(piece.size()), &size);
+        pixels += size.cx;
+        text.remove_prefix(piece.size());
+    }
+    return scale_.TwipsX(pixels);
+}
+
+std::size_t GdiText::Fit(const Font& font, std::string_view text, Twips width)
+{
+    EntryOf(font); // selects it
+    const int pixels = std::max(scale_.PixelsX(width), 0);
+    // Hardly any character is narrower than a pixel: the rest of a long text need not be measured.
+    const std::size_t length = std::min(text.size(), static_cast<std::size_t>(pixels) * 2 + 64);
+    int fits = 0;
+    SIZE size = {};
+    GetTextExtentExPointA(dc_.Get(), text.data(), static_cast<int>(length), pixels, &fits, nullptr,
+                          &size);
+    std::size_t whole = 0;
+    for (const auto limit = static_cast<std::size_t>(fits); whole < limit;) {
+        const std::size_t next = whole + codePage_.CharacterLength(text, whole);
+        if (next > limit) {
+            break;
+        }
+        whole = next;
+    }
+    return whole;
+}
+
+} // namespace nv

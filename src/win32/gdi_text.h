@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/ansi_text.h"
+#include "platform/canvas.h"
+#include "win32/handles.h"
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+
+namespace nv
+{
+
+// Fonts and text measures over GDI. Fonts are made once and shared; of a menu with thousands of
+// fonts only so many are open at a time.
+class GdiText final : public TextMeasure
+{
+public:
+    GdiText(const ScreenScale& scale, const CodePage& codePage);
+    ~GdiText() override;
+
+    Twips LineHeight(const Font& font) override;
+    Twips Width(const Font& font, std::string_view text) override;
+    std::size_t Fit(const Font& font, std::string_view text, Twips width) override;
+
+    // The platform's font; stays valid until CloseFonts or until many others were asked for.
+    HFONT Handle(const Font& font);
+    const ScreenScale& Scale() const { return scale_; }
+
+private:
+    struct Entry {
+        FontHandle handle; // closed and opened again as needed
+        int lineHeight = 0;
+    };
+    struct Hash {
+        std::size_t operator()(const Font& font) const;
+    };
+
+    Entry& EntryOf(const Font& font);
+    void Open(const Font& font, Entry& entry);
+    void CloseFonts();
+
+    ScreenScale scale_;
+    CodePage codePage_;
+    MemoryDc dc_;
+    HGDIOBJ initialFont_ = nullptr;
+    std::unordered_map<Font, Entry, Hash> entries_;
+    std::size_t openFonts_ = 0;
+    const Font* lastFont_ = nullptr; // whose font is selected, a key of entries_
+    Entry* lastEntry_ = nullptr;
+};
+
+// What a font object says, as the platform's font record. Heights follow the screen's scale.
+LOGFONTA LogFontOf(const Font& font, const ScreenScale& scale);
+
+} // namespace nv

@@ -1,0 +1,72 @@
+#include "win32/message_pump.h"
+
+namespace nv
+{
+
+namespace
+{
+
+// An empty pass through the queue costs some 45 microseconds under Wine: too much for every line.
+constexpr LONGLONG kMillisecondsBetween = 5;
+// Keeps a flood of messages from holding up the work for good.
+constexpr int kMessagesAtOnce = 200;
+
+LONGLONG Now()
+{
+    LARGE_INTEGER counter = {};
+    QueryPerformanceCounter(&counter);
+    return counter.QuadPart;
+}
+
+} // namespace
+
+MessagePump::MessagePump()
+{
+    LARGE_INTEGER frequency = {};
+    QueryPerformanceFrequency(&frequency);
+    interval_ = frequency.QuadPart * kMillisecondsBetween / 1000;
+}
+
+int MessagePump::Run()
+{
+    MSG message = {};
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        Dispatch(message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+void MessagePump::Dispatch(MSG& message)
+{
+    if (!Filter || !Filter(message)) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+}
+
+bool MessagePump::LetEventsThrough()
+{
+    if (wanted_ && Now() - last_ >= interval_) {
+        EmptyQueue();
+        last_ = Now();
+    }
+    return wanted_;
+}
+
+void MessagePump::EmptyQueue()
+{
+    MSG message = {};
+    for (int count = 0; wanted_ && count < kMessagesAtOnce; ++count) {
+        if (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) == 0) {
+            return;
+        }
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam)); // for the loop that runs the program
+            EndWork();
+            return;
+        }
+        Dispatch(message);
+    }
+}
+
+} // namespace nv

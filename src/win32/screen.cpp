@@ -1,0 +1,43 @@
+#include "win32/screen.h"
+
+#include <windows.h>
+
+#include <windowsx.h>
+
+namespace nv
+{
+
+ScreenScale PrimaryScreenScale()
+{
+    const HDC screen = GetDC(nullptr);
+    const auto scale =
+        ScreenScale::OfDpi(GetDeviceCaps(screen, LOGPIXELSX), GetDeviceCaps(screen, LOGPIXELSY));
+    ReleaseDC(nullptr, screen);
+    return scale;
+}
+
+CodePage ProcessCodePage()
+{
+    return CodePage(GetACP());
+}
+
+TwipRect ToTwips(const RECT& pixels, const ScreenScale& scale)
+{
+    return {scale.TwipsX(pixels.left), scale.TwipsY(pixels.top),
+            scale.TwipsX(pixels.right - pixels.left), scale.TwipsY(pixels.bottom - pixels.top)};
+}
+
+RECT ToPixels(const TwipRect& twips, const ScreenScale& scale)
+{
+    // In double precision: far down a long column left + width would lose its last twips.
+    return {scale.PixelsX(twips.left), scale.PixelsY(twips.top),
+            scale.PixelsX(double{twips.left} + double{twips.width}),
+            scale.PixelsY(double{twips.top} + double{twips.height})};
+}
+
+TwipPoint PointOf(LPARAM lParam, const ScreenScale& scale)
+{
+    return {scale.TwipsX(GET_X_LPARAM(lParam)), scale.TwipsY(GET_Y_LPARAM(lParam))};
+}
+
+} // namespace nv

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/ansi_text.h"
+#include "platform/units.h"
+
+#include <windows.h>
+
+namespace nv
+{
+
+// The scale of the primary screen, which system DPI awareness gives to the whole process.
+ScreenScale PrimaryScreenScale();
+
+// The process's ANSI code page.
+CodePage ProcessCodePage();
+
+// A rectangle of pixels as twips, and back.
+TwipRect ToTwips(const RECT& pixels, const ScreenScale& scale);
+RECT ToPixels(const TwipRect& twips, const ScreenScale& scale);
+
+// A mouse message's point, in twips.
+TwipPoint PointOf(LPARAM lParam, const ScreenScale& scale);
+
+} // namespace nv
