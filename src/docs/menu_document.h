@@ -47,14 +47,16 @@ public:
     // Makes path the shown menu, asking first whether to save changes; true when it was opened.
     // Every refusal is told to the user in a message box. May re-enter; must not be called while
     // Loading().
-    bool FOpen(const std::string& path);
+    // path is a copy: what a caller passes (FFile(), a step of the history) may change meanwhile.
+    bool FOpen(std::string path);
     // Reads the Menu file at path and has it shown. False after telling the user why it could not
     // be read, or when the load was ended by the pump. What was cleared by then stays cleared: the
     // document is then empty and has no file, so that no save can put the remains over a menu. May
     // re-enter; must not be called while Loading().
-    bool OpenPDM(const std::string& path);
+    bool OpenPDM(std::string path);
     // Writes the lines to path; false after telling the user why it could not. The old file or the
-    // new one stands whole under its name whatever happens.
+    // new one stands whole under its name whatever happens. Does nothing but return false while
+    // Loading().
     bool SavePDM(const std::string& path);
     // Creates an empty Menu file and the folders above it, asking before it overwrites one.
     bool CreateNewMenuFile(const std::string& path);
@@ -63,7 +65,7 @@ public:
     // The toolbar's "Set This Menu As Home Menu": does nothing without a current file.
     void SetThisMenuAsHomeMenu();
     // Asks about unsaved changes before the program ends (only while the changed mark MCh is set);
-    // false: the program is to go on.
+    // false: the program is to go on. While Loading() there is nothing to ask about.
     bool MayClose();
 
     // Full path of the current Menu file; empty when none.
@@ -88,9 +90,15 @@ public:
     const CodePage& Page() const { return codePage_; }
 
 private:
-    bool AskToSave(bool& goOn);
+    bool OfferToSave();
+    bool Load(std::string path, SystemError& error);
     bool ReadLines(File& file, SystemError& error);
+    bool Show(std::string path);
+    SystemError Write(const std::string& path);
     std::string FileForm() const; // RCrLf's write list, joined as it stands in the file
+    void ClearLines();
+    void BecomeNoDocument();
+    void TellFailure(const std::string& message, const std::string& path, SystemError error);
 
     Files& files_;
     Prompts& prompts_;

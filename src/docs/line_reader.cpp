@@ -1,0 +1,140 @@
+#include "docs/line_reader.h"
+
+#include "platform/byte_scan.h"
+
+#include <algorithm>
+#include <string>
+
+namespace nv
+{
+
+namespace
+{
+
+constexpr std::size_t kChunk = 1024 * 1024;
+constexpr char kStoredBreak = '\x01';
+
+// Reads the file in large pieces straight into the blocks in which the lines then stand. Only the
+// line that a block's end cuts is copied, to the start of the next block.
+class LineReader
+{
+public:
+    LineReader(File& file, MenuLines& lines, EventPump& pump)
+        : file_(file), lines_(lines), pump_(pump)
+    {
+    }
+
+    ReadOutcome Run(SystemError& error);
+
+private:
+    void MakeRoom();
+    bool TakeLines();
+    bool EndLine(const char* lineEnd);
+
+    File& file_;
+    MenuLines& lines_;
+    EventPump& pump_;
+    const char* lineStart_ = nullptr; // of the line that has no end yet
+    char* used_ = nullptr;            // end of what was read into the block
+    char* blockEnd_ = nullptr;
+    const char* scanned_ = nullptr; // how far the unfinished line was searched
+    bool breaks_ = false;           // the unfinished line holds stored line breaks
+    bool skipLineFeed_ = false;     // what was read ended in CR: an LF that follows belongs to it
+};
+
+ReadOutcome LineReader::Run(SystemError& error)
+{
+    for (;;) {
+        if (used_ == blockEnd_) {
+            MakeRoom();
+        }
+        std::size_t got = 0;
+        error = file_.Read(used_, static_cast<std::size_t>(blockEnd_ - used_), got);
+        if (error != 0) {
+            return ReadOutcome::failed;
+        }
+        if (got == 0) {
+            break;
+        }
+        used_ += got;
+        if (!TakeLines()) {
+            return ReadOutcome::ended;
+        }
+    }
+    const bool wanted = lineStart_ == used_ || EndLine(used_);
+    return wanted ? ReadOutcome::whole : ReadOutcome::ended;
+}
+
+// Begins a block with the unfinished line. A block is twice as long as that line at least, so that
+// one of many megabytes is copied a few times, not once a megabyte.
+void LineReader::MakeRoom()
+{
+    const auto unfinished = static_cast<std::size_t>(used_ - lineStart_);
+    const std::size_t size = unfinished + std::max(kChunk, unfinished);
+    char* block = lines_.NewBlock(size);
+    std::copy_n(lineStart_, unfinished, block);
+    lineStart_ = block;
+    used_ = block + unfinished;
+    scanned_ = used_;
+    blockEnd_ = block + size;
+}
+
+// Takes the lines that end in what was read; false when they are no longer wanted.
+bool LineReader::TakeLines()
+{
+    if (skipLineFeed_) {
+        skipLineFeed_ = false;
+        if (*lineStart_ == '\n') {
+            scanned_ = ++lineStart_;
+        }
+    }
+    for (;;) {
+        scanned_ = FindControl(scanned_, used_);
+        if (scanned_ == used_) {
+            return true;
+        }
+        const char* found = scanned_++;
+        if (*found == kStoredBreak) {
+            breaks_ = true;
+        } else if (*found == '\r' || *found == '\n') {
+            skipLineFeed_ = *found == '\r' && scanned_ == used_;
+            if (*found == '\r' && scanned_ != used_ && *scanned_ == '\n') {
+                ++scanned_;
+            }
+            if (!EndLine(found)) {
+                return false;
+            }
+            lineStart_ = scanned_;
+        }
+    }
+}
+
+// Appends the line from lineStart_ to lineEnd and lets events through.
+bool LineReader::EndLine(const char* lineEnd)
+{
+    const std::string_view line(lineStart_, static_cast<std::size_t>(lineEnd - lineStart_));
+    if (breaks_) {
+        breaks_ = false;
+        std::string text;
+        for (const char ch : line) {
+            if (ch == kStoredBreak) {
+                text += "\r\n";
+            } else {
+                text += ch;
+            }
+        }
+        lines_.Append(text);
+    } else {
+        lines_.AppendFromBlock(line);
+    }
+    return pump_.LetEventsThrough();
+}
+
+} // namespace
+
+ReadOutcome ReadMenuLines(File& file, MenuLines& lines, EventPump& pump, SystemError& error)
+{
+    return LineReader(file, lines, pump).Run(error);
+}
+
+} // namespace nv

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "docs/menu_lines.h"
+#include "platform/event_pump.h"
+#include "platform/files.h"
+
+namespace nv
+{
+
+enum class ReadOutcome {
+    whole,  // read to the end of the file
+    failed, // error says why
+    ended,  // the pump said that the lines are no longer wanted
+};
+
+// Appends the lines of file, from its present position to its end, to lines. CR LF, a lone CR and a
+// lone LF each end a line; what follows the last of them is a line, too, unless it is empty. Code 1
+// becomes the line break CR LF that it stands for in a Menu file; every other byte stays. After
+// each line events are let through: may re-enter. lines must not be cleared meanwhile. Unless the
+// outcome is whole, lines holds a part of the file. Throws std::bad_alloc.
+ReadOutcome ReadMenuLines(File& file, MenuLines& lines, EventPump& pump, SystemError& error);
+
+} // namespace nv

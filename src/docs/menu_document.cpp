@@ -1,0 +1,298 @@
+#include "docs/menu_document.h"
+
+#include "docs/line_reader.h"
+#include "docs/menu_line.h"
+#include "docs/paths.h"
+#include "docs/safe_save.h"
+#include "platform/byte_scan.h"
+#include "platform/system_error.h"
+
+#include <new>
+#include <utility>
+
+namespace nv
+{
+
+namespace
+{
+
+constexpr char kStoredBreak = '\x01';
+constexpr char kOldEndOfFile = '\x1A'; // ended the reading of a text file in programs of old
+
+// Appends line as it stands in a file: each CR LF, then each LF, each CR and each code 26 left over
+// is one stored break.
+void AppendFileForm(std::string& form, std::string_view line)
+{
+    const char* at = line.data();
+    const char* end = at + line.size();
+    while (at != end) {
+        const char* found = FindControl(at, end);
+        form.append(at, found);
+        if (found == end) {
+            return;
+        }
+        const bool pair = *found == '\r' && end - found > 1 && found[1] == '\n';
+        const bool coded = *found == '\r' || *found == '\n' || *found == kOldEndOfFile;
+        form += coded ? kStoredBreak : *found;
+        at = found + (pair ? 2 : 1);
+    }
+}
+
+// True for the life of the object.
+class Mark
+{
+public:
+    explicit Mark(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Mark() { flag_ = false; }
+    Mark(const Mark&) = delete;
+    Mark& operator=(const Mark&) = delete;
+
+private:
+    bool& flag_;
+};
+
+} // namespace
+
+MenuDocument::MenuDocument(Files& files, Prompts& prompts, Settings& settings, EventPump& pump,
+                           DocumentEvents& events, const CodePage& codePage,
+                           const Font& defaultFont)
+    : files_(files), prompts_(prompts), settings_(settings), pump_(pump), events_(events),
+      codePage_(codePage), defaultFont_(defaultFont)
+{
+}
+
+bool MenuDocument::FOpen(std::string path)
+{
+    if (loading_ || (unsaved_ && !OfferToSave())) {
+        return false;
+    }
+    // Before the new path is looked at: a menu that then cannot be opened still is a step.
+    if (!noHistory_ && !file_.empty()) {
+        events_.Leaving(file_);
+    }
+    noHistory_ = false;
+    if (FileExtension(path) != "NVM") {
+        prompts_.Ask("Cannot open: \"" + path + "\"\n\nInvalid file extension!",
+                     PromptIcon::exclamation, PromptButtons::ok);
+        return false;
+    }
+    if (!FileExists(files_, path)) {
+        const Answer answer = prompts_.Ask("File " + path +
+                                               " does not exist.\n\n"
+                                               "Would you like to create a new menu?",
+                                           PromptIcon::exclamation, PromptButtons::yesNo);
+        if (answer != Answer::yes || !CreateNewMenuFile(path)) {
+            return false;
+        }
+    }
+    return OpenPDM(std::move(path));
+}
+
+bool MenuDocument::OpenPDM(std::string path)
+{
+    if (loading_) {
+        return false;
+    }
+    SystemError error = 0;
+    const bool opened = Load(path, error);
+    if (error != 0) {
+        TellFailure("Cannot open:", path, error);
+    }
+    return opened;
+}
+
+bool MenuDocument::SavePDM(const std::string& path)
+{
+    // While a menu is being read the lines are a part of it, which must not get into any file.
+    if (loading_) {
+        return false;
+    }
+    const SystemError error = Write(path);
+    if (error != 0) {
+        TellFailure("Cannot save:", path, error);
+        return false;
+    }
+    SetFFile(path);
+    changed_ = false;
+    unsaved_ = false;
+    return true;
+}
+
+bool MenuDocument::CreateNewMenuFile(const std::string& path)
+{
+    MakeFolders(files_, SplitPath(path, codePage_).folder, codePage_);
+    if (FileExists(files_, path)) {
+        const Answer answer = prompts_.Ask("File: " + path +
+                                               " already exists.\n\n"
+                                               "Do you want overwrite this file?",
+                                           PromptIcon::exclamation, PromptButtons::yesNo);
+        if (answer != Answer::yes) {
+            return false;
+        }
+    }
+    SystemError error = 0;
+    const std::unique_ptr<File> file = files_.Open(path, OpenMode::overwrite, error);
+    if (file == nullptr || file->Close() != 0) {
+        prompts_.Ask("New Menu Could Not Be Created!", PromptIcon::exclamation, PromptButtons::ok);
+        return false;
+    }
+    return true;
+}
+
+void MenuDocument::SaveMenu()
+{
+    if (!file_.empty()) {
+        SavePDM(file_);
+    }
+}
+
+void MenuDocument::SetThisMenuAsHomeMenu()
+{
+    if (!file_.empty()) {
+        // Ignored: the menu is home for this run at least.
+        static_cast<void>(settings_.SetKeyValue("Settings", "Home", file_));
+        SetHome(file_);
+    }
+}
+
+bool MenuDocument::MayClose()
+{
+    // During a load the mark still belongs to the menu that was left, whose changes were asked
+    // about then.
+    return loading_ || !changed_ || OfferToSave();
+}
+
+void MenuDocument::SetFFile(const std::string& path)
+{
+    file_ = path;
+    events_.FileChanged(file_);
+}
+
+void MenuDocument::SetHome(const std::string& path)
+{
+    home_ = path;
+    events_.HomeChanged(home_);
+}
+
+void MenuDocument::SetMCh(bool changed)
+{
+    changed_ = changed;
+    unsaved_ = unsaved_ || changed;
+}
+
+// Asks whether to save the changes and does it; false when the user or a failed save says stop.
+bool MenuDocument::OfferToSave()
+{
+    const Answer answer =
+        prompts_.Ask("Do you want to save the changes you made to \n\n" + file_ + "?",
+                     PromptIcon::question, PromptButtons::yesNoCancel);
+    if (answer == Answer::yes) {
+        // A menu that never had a file has nowhere to go: its changes are dropped.
+        return file_.empty() || SavePDM(file_);
+    }
+    return answer == Answer::no;
+}
+
+// The load itself. False with error set when the file could not be read; false and no error when
+// the load was ended.
+bool MenuDocument::Load(std::string path, SystemError& error)
+{
+    const std::unique_ptr<File> file = files_.Open(path, OpenMode::read, error);
+    if (file == nullptr) {
+        return false;
+    }
+    const Mark loading(loading_);
+    ClearLines();
+    events_.TitleChanged(SplitPath(path, codePage_).fileName);
+    if (!ReadLines(*file, error)) {
+        BecomeNoDocument();
+        return false;
+    }
+    // Ignored: all was read.
+    static_cast<void>(file->Close());
+    return Show(std::move(path));
+}
+
+// False when the showing was ended. The document is that of the file all the same.
+bool MenuDocument::Show(std::string path)
+{
+    SetFFile(path);
+    events_.Opened(path);
+    const bool shown = events_.LinesRebuilt();
+    if (shown) {
+        // Ignored: that the next start does not find this menu is not worth a message.
+        static_cast<void>(settings_.SetKeyValue("Settings", "Last", std::move(path)));
+    }
+    changed_ = false;
+    unsaved_ = false;
+    return shown;
+}
+
+// False when the file could not be read (error says why) or was no longer wanted (error is 0).
+bool MenuDocument::ReadLines(File& file, SystemError& error)
+{
+    try {
+        return ReadMenuLines(file, lines_, pump_, error) == ReadOutcome::whole;
+    } catch (const std::bad_alloc&) {
+        error = kNotEnoughMemory;
+        return false;
+    }
+}
+
+SystemError MenuDocument::Write(const std::string& path)
+{
+    SafeSave save(files_, path);
+    const SystemError error = save.Begin();
+    if (error != 0) {
+        return error;
+    }
+    events_.TitleChanged(SplitPath(path, codePage_).fileName);
+    try {
+        return save.Finish(FileForm());
+    } catch (const std::bad_alloc&) {
+        return kNotEnoughMemory;
+    }
+}
+
+std::string MenuDocument::FileForm() const
+{
+    std::string form;
+    const std::string empty = EncodeLine(DecodeLine({}, defaultFont_));
+    std::size_t size = 0;
+    for (std::size_t index = 0; index < lines_.size(); ++index) {
+        size += (lines_[index].empty() ? empty.size() : lines_[index].size()) + 2;
+    }
+    form.reserve(size);
+    for (std::size_t index = 0; index < lines_.size(); ++index) {
+        // An entry that was an empty line gets the line that every other entry has.
+        AppendFileForm(form, lines_[index].empty() ? std::string_view(empty) : lines_[index]);
+        form += "\r\n";
+    }
+    return form;
+}
+
+void MenuDocument::ClearLines()
+{
+    lines_.Clear();
+    events_.Cleared();
+}
+
+// After a load that stopped half way: with a file the next save would put the lines read so far, or
+// none, in the place of a whole menu.
+void MenuDocument::BecomeNoDocument()
+{
+    ClearLines();
+    SetFFile({});
+    changed_ = false;
+    unsaved_ = false;
+}
+
+// message: "Cannot open:" or "Cannot save:".
+void MenuDocument::TellFailure(const std::string& message, const std::string& path,
+                               SystemError error)
+{
+    prompts_.Ask(message + "\n\n" + path + "\n\n" + files_.Describe(error), PromptIcon::stop,
+                 PromptButtons::ok);
+}
+
+} // namespace nv

@@ -1,0 +1,49 @@
+#include "docs/paths.h"
+
+namespace nv
+{
+
+PathParts SplitPath(std::string_view path, const CodePage& codePage)
+{
+    const auto backslash = codePage.FindLast(path, '\\');
+    const auto folderLength = backslash == std::string_view::npos ? 0 : backslash + 1;
+    std::string_view folder = path.substr(0, folderLength);
+    if (codePage.CountCharacters(folder) >= 4) {
+        folder.remove_suffix(1);
+    }
+    return {std::string(path.substr(folderLength)), std::string(folder)};
+}
+
+std::string FileExtension(std::string_view path)
+{
+    // "." is no second half of a character in any code page.
+    const auto dot = path.rfind('.');
+    return dot == std::string_view::npos ? std::string() : UpperCase(path.substr(dot + 1));
+}
+
+void MakeFolders(Files& files, std::string_view folder, const CodePage& codePage)
+{
+    constexpr int kMaxLevels = 21;
+    std::string path(folder);
+    const auto last = codePage.FindLast(path, '\\');
+    if (last == std::string::npos || last + 1 != path.size()) {
+        path += '\\';
+    }
+    int levels = 0;
+    // The first three characters are the drive's: "C:\".
+    std::size_t at = codePage.FirstCharacters(path, 3).size();
+    for (; at < path.size() && levels < kMaxLevels; at += codePage.CharacterLength(path, at)) {
+        if (path[at] == '\\') {
+            // Ignored: a level that exists is an error here, and creating the file tells the rest.
+            static_cast<void>(files.MakeFolder(path.substr(0, at)));
+            ++levels;
+        }
+    }
+}
+
+bool FileExists(Files& files, const std::string& path)
+{
+    return !files.List(path, 1).empty();
+}
+
+} // namespace nv

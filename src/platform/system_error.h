@@ -1,0 +1,14 @@
+// The few failures that the rules tell apart, by the system's own numbers.
+#pragma once
+
+#include "platform/files.h"
+
+namespace nv
+{
+
+inline constexpr SystemError kAccessDenied = 5;
+inline constexpr SystemError kNotEnoughMemory = 8;
+inline constexpr SystemError kFileExists = 80;
+inline constexpr SystemError kAlreadyExists = 183;
+
+} // namespace nv
