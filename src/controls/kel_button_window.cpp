@@ -1,0 +1,124 @@
+#include "controls/kel_button_window.h"
+
+#include "platform/system_colors.h"
+#include "win32/gdi_canvas.h"
+#include "win32/screen.h"
+
+namespace nv
+{
+
+KelButtonWindow::KelButtonWindow(GdiText& text, Pictures& pictures)
+    : text_(text), pictures_(pictures), button_(text)
+{
+}
+
+bool KelButtonWindow::Create(HWND parent)
+{
+    return Window::Create({"KelButton", WS_CHILD | WS_VISIBLE | WS_TABSTOP}, parent);
+}
+
+void KelButtonWindow::Refresh()
+{
+    SetWindowTextA(Handle(), button_.Caption().c_str());
+    const bool hadFocus = GetFocus() == Handle();
+    EnableWindow(Handle(), button_.EnabledM());
+    if (hadFocus && !button_.EnabledM()) {
+        // A disabled window that keeps the focus leaves the keyboard dead.
+        const HWND top = GetAncestor(Handle(), GA_ROOT);
+        SetFocus(GetNextDlgTabItem(top, Handle(), FALSE));
+    }
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void KelButtonWindow::MoveTo(const TwipRect& area)
+{
+    const RECT pixels = ToPixels(area, text_.Scale());
+    SetWindowPos(Handle(), nullptr, pixels.left, pixels.top, pixels.right - pixels.left,
+                 pixels.bottom - pixels.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    button_.Resize({area.width, area.height});
+}
+
+std::optional<LRESULT> KelButtonWindow::Route(UINT message, WPARAM wParam, LPARAM)
+{
+    switch (message) {
+    case WM_PAINT:
+        OnPaint();
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_MOUSEMOVE:
+        OnMouseMove();
+        return 0;
+    case WM_MOUSELEAVE:
+        SetLook({false, false, look_.focused});
+        return 0;
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+        SetLook({true, true, look_.focused});
+        SetFocus(Handle());
+        button_.Press();
+        return 0;
+    case WM_LBUTTONUP:
+    case WM_RBUTTONUP:
+    case WM_MBUTTONUP:
+        SetLook({true, false, look_.focused});
+        button_.Release();
+        return 0;
+    case WM_GETDLGCODE:
+        return wParam == VK_RETURN ? DLGC_BUTTON | DLGC_WANTMESSAGE : DLGC_BUTTON;
+    case WM_KEYDOWN:
+    case WM_KEYUP:
+        OnKey(wParam, message == WM_KEYDOWN);
+        return 0;
+    case WM_SETFOCUS:
+        SetLook({look_.hover, false, true});
+        return 0;
+    case WM_KILLFOCUS:
+        SetLook({look_.hover, false, false});
+        return 0;
+    case WM_SETCURSOR:
+        SetCursor(LoadCursorA(nullptr, button_.HandPointer() ? IDC_HAND : IDC_ARROW));
+        return 1;
+    default:
+        return std::nullopt;
+    }
+}
+
+void KelButtonWindow::OnPaint()
+{
+    PaintBuffered(Handle(), text_, pictures_, [this](Canvas& canvas, const TwipRect& clip) {
+        canvas.Fill(clip, kButtonFace);
+        const TwipSize size = button_.Size();
+        button_.Paint(canvas, {0, 0, size.width, size.height}, clip, look_);
+    });
+}
+
+void KelButtonWindow::OnMouseMove()
+{
+    if (!look_.hover) {
+        TRACKMOUSEEVENT track = {sizeof track, TME_LEAVE, Handle(), 0};
+        TrackMouseEvent(&track);
+        SetLook({true, look_.pressed, look_.focused});
+    }
+}
+
+void KelButtonWindow::OnKey(WPARAM key, bool down)
+{
+    if (key == VK_RETURN && down) {
+        button_.Release();
+    } else if (key == VK_SPACE && down) {
+        SetLook({look_.hover, true, look_.focused});
+    } else if (key == VK_SPACE && look_.pressed) {
+        SetLook({look_.hover, false, look_.focused});
+        button_.Release();
+    }
+}
+
+void KelButtonWindow::SetLook(const ButtonLook& look)
+{
+    look_ = look;
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+} // namespace nv

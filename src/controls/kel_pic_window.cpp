@@ -1,0 +1,65 @@
+#include "controls/kel_pic_window.h"
+
+#include "platform/system_colors.h"
+#include "win32/gdi_canvas.h"
+
+namespace nv
+{
+
+namespace
+{
+
+constexpr UINT_PTR kTypingTimer = 1;
+
+} // namespace
+
+KelPicWindow::KelPicWindow(GdiText& text, Pictures& pictures, const CodePage& codePage,
+                           const Font& font)
+    : text_(text), pictures_(pictures), font_(font), pic_(codePage)
+{
+    pic_.TypingDone = [this] { KillTimer(Handle(), kTypingTimer); };
+}
+
+bool KelPicWindow::Create(HWND parent)
+{
+    return Window::Create({"NavrixKelPic", WS_CHILD | WS_VISIBLE}, parent);
+}
+
+void KelPicWindow::SetCaption(const std::string& caption)
+{
+    SetWindowTextA(Handle(), caption.c_str());
+    pic_.SetCaption(caption);
+    SetTimer(Handle(), kTypingTimer, kTypingInterval, nullptr);
+}
+
+std::optional<LRESULT> KelPicWindow::Route(UINT message, WPARAM, LPARAM)
+{
+    switch (message) {
+    case WM_PAINT:
+        OnPaint();
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_TIMER:
+        OnTimer();
+        return 0;
+    default:
+        return std::nullopt;
+    }
+}
+
+void KelPicWindow::OnTimer()
+{
+    pic_.Tick();
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void KelPicWindow::OnPaint()
+{
+    PaintBuffered(Handle(), text_, pictures_, [this](Canvas& canvas, const TwipRect& clip) {
+        canvas.Fill(clip, kButtonFace);
+        canvas.Text({0, 0}, font_, kButtonText, pic_.Shown());
+    });
+}
+
+} // namespace nv

@@ -1,0 +1,323 @@
+#include "mainwindow/form1.h"
+
+#include "docs/menu_line.h"
+#include "mainwindow/command_line.h"
+#include "mainwindow/link_click.h"
+#include "system/form_fonts.h"
+#include "win32/screen.h"
+
+#include <algorithm>
+
+namespace nv
+{
+
+namespace
+{
+
+constexpr int kProgramIcon = 1; // resource
+constexpr double kTitlePoints = 14;
+
+Font TitleFont(Font font)
+{
+    font.size = kTitlePoints;
+    font.bold = true;
+    return font;
+}
+
+HICON ProgramIcon()
+{
+    return LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kProgramIcon));
+}
+
+BOOL CALLBACK AddWorkArea(HMONITOR monitor, HDC, LPRECT, LPARAM areas)
+{
+    MONITORINFO info = {};
+    info.cbSize = sizeof info;
+    if (GetMonitorInfoA(monitor, &info)) {
+        auto& list = *reinterpret_cast<std::vector<TwipRect>*>(areas);
+        const TwipRect area = ToTwips(info.rcWork, PrimaryScreenScale());
+        list.insert((info.dwFlags & MONITORINFOF_PRIMARY) != 0 ? list.begin() : list.end(), area);
+    }
+    return TRUE;
+}
+
+std::vector<TwipRect> WorkAreas()
+{
+    std::vector<TwipRect> areas;
+    EnumDisplayMonitors(nullptr, nullptr, AddWorkArea, reinterpret_cast<LPARAM>(&areas));
+    if (areas.empty()) {
+        const RECT screen = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+        areas.push_back(ToTwips(screen, PrimaryScreenScale()));
+    }
+    return areas;
+}
+
+} // namespace
+
+Form1::Form1(MessagePump& pump, std::string programFolder, const Version& version)
+    : pump_(pump), programFolder_(std::move(programFolder)),
+      title_(WindowTitle(version.major, version.minor, version.revision)),
+      scale_(PrimaryScreenScale()), formFont_(FormFont()), text_(scale_, ProcessCodePage()),
+      pictures_(scale_), shellExe_(shell_, programFolder_), linkPictures_(shellExe_, pictures_),
+      document_(files_, prompts_, settings_, pump_, *this, ProcessCodePage(), formFont_),
+      header_(text_, pictures_, ProcessCodePage(), TitleFont(formFont_)),
+      strip_(text_, pictures_, [this](Command command) { Run(command); }),
+      view_(text_, pictures_, linkPictures_, ProcessCodePage(), document_.Lines(),
+            document_.DefaultFont())
+{
+    prompts_.SetTitle(title_);
+    view_.EntryClick = [this](std::uint32_t entry) { OnEntryClick(entry); };
+    pump_.Filter = [this](MSG& message) { return FilterMessage(message); };
+}
+
+Form1::~Form1()
+{
+    pump_.Filter = nullptr;
+}
+
+// Start-up and end
+
+bool Form1::StartUp(std::string_view arguments, int showCommand)
+{
+    if (!CheckLauncher()) {
+        return false;
+    }
+    // If the folder is gone, relative paths fail later with messages of their own.
+    (void)SetCurrentDirectoryA(programFolder_.c_str());
+    if (!CreateWindows()) {
+        return false;
+    }
+    const std::string defaultHome = DefaultHome(files_, programFolder_);
+    const std::string home = SettingText(settings_.GetKeyValue("Settings", "Home", ""));
+    document_.SetHome(home.empty() ? defaultHome : home);
+    CommandLine commandLine = ParseCommandLine(arguments);
+    locked_ = commandLine.locked;
+    UpdateButtons();
+    if (commandLine.filePart.empty()) {
+        commandLine.filePart = StartFileChoice(settings_, defaultHome, document_.Home());
+    }
+    Place();
+    OnSize();
+    ShowWindow(Handle(), showCommand);
+    TMode(Mode::run);
+    SetFocus(view_.Handle());
+    WhenFree([this, filePart = commandLine.filePart] { OpenFirstMenu(filePart); });
+    const TwipSize minimum =
+        MinimumSize(static_cast<Twips>(TrueWindowSize(Handle(), true)), locked_);
+    minTrack_ = SIZE{scale_.PixelsX(minimum.width), scale_.PixelsY(minimum.height)};
+    return Handle() != nullptr;
+}
+
+bool Form1::CheckLauncher()
+{
+    if (!files_.List(programFolder_ + "\\NVSub.exe", 1).empty()) {
+        return true;
+    }
+    prompts_.Ask(MissingLauncherText(), PromptIcon::exclamation, PromptButtons::ok);
+    return false;
+}
+
+bool Form1::CreateWindows()
+{
+    const DWORD style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+    if (!Create({"NavrixForm1", style, WS_EX_CONTROLPARENT, ProgramIcon()}, nullptr,
+                title_.c_str())) {
+        return false;
+    }
+    prompts_.SetOwner(Handle());
+    return header_.Create(Handle()) && strip_.Create(Handle(), formFont_) && view_.Create(Handle());
+}
+
+void Form1::Place()
+{
+    const auto nonClient = static_cast<Twips>(TrueWindowSize(Handle(), true));
+    const Twips caption = scale_.TwipsY(GetSystemMetrics(SM_CYCAPTION));
+    const Placement place =
+        StartPlacement(ReadPlacement(settings_), nonClient, locked_, WorkAreas(), caption);
+    const RECT pixels = ToPixels({place.left, place.top, place.width, place.height}, scale_);
+    SetWindowPos(Handle(), nullptr, pixels.left, pixels.top, pixels.right - pixels.left,
+                 pixels.bottom - pixels.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Form1::OpenFirstMenu(const std::string& filePart)
+{
+    if (filePart.empty() || !document_.FOpen(StripQuotes(filePart))) {
+        Run(Command::openMenu);
+    }
+}
+
+void Form1::OnClose()
+{
+    if (!IsWindowEnabled(Handle())) {
+        // A message box waits for an answer: that comes first.
+        SetForegroundWindow(GetLastActivePopup(Handle()));
+        return;
+    }
+    WhenFree([this] {
+        if (document_.MayClose()) {
+            DestroyWindow(Handle());
+        }
+    });
+}
+
+void Form1::OnDestroy()
+{
+    if (!IsIconic(Handle()) && !IsZoomed(Handle())) {
+        RECT window = {};
+        GetWindowRect(Handle(), &window);
+        const TwipRect place = ToTwips(window, scale_);
+        WritePlacement(settings_, {place.left, place.top, place.width, place.height});
+    }
+    minTrack_.reset();
+    prompts_.SetOwner(nullptr);
+    pump_.EndWork();
+    PostQuitMessage(0);
+}
+
+// Commands
+
+void Form1::WhenFree(Job job)
+{
+    if (busy_) {
+        next_ = std::move(job);
+        pump_.EndWork();
+        return;
+    }
+    busy_ = true;
+    while (job) {
+        pump_.BeginWork();
+        job();
+        job = std::exchange(next_, nullptr);
+        if (Handle() == nullptr) {
+            break;
+        }
+    }
+    busy_ = false;
+}
+
+void Form1::Run(Command command)
+{
+    if (!Available(command, CurrentFacts())) {
+        return;
+    }
+    switch (command) {
+    case Command::back:
+        WhenFree([this] { Back(); });
+        break;
+    case Command::revert:
+        Revert();
+        break;
+    case Command::home:
+        WhenFree([this, home = document_.Home()] { document_.FOpen(home); });
+        break;
+    case Command::normal:
+        WhenFree([this] { Normal(); });
+        break;
+    case Command::edit:
+    case Command::options:
+    case Command::help:
+    case Command::openMenu:
+    case Command::newMenu:
+        break;
+    }
+}
+
+void Form1::Back()
+{
+    if (const auto path = history_.TakeLast()) {
+        document_.SetNoHistory();
+        document_.FOpen(*path);
+    }
+}
+
+void Form1::Revert()
+{
+    // The file is the one of now: a load that this ends may leave the document without one.
+    WhenFree([this, file = document_.FFile()] {
+        document_.SetNoHistory();
+        document_.FOpen(file);
+    });
+}
+
+void Form1::Normal()
+{
+    TMode(Mode::run);
+    if (document_.MCh()) {
+        LinesRebuilt();
+        document_.SetMCh(false);
+    }
+}
+
+void Form1::TMode(Mode mode)
+{
+    ShowWindow(view_.Handle(), mode == Mode::run ? SW_SHOW : SW_HIDE);
+    if (mode == Mode::run) {
+        view_.Pane().SC();
+    }
+}
+
+void Form1::OnEntryClick(std::uint32_t entry)
+{
+    const std::string command = DecodeLine(document_.Lines()[entry], document_.DefaultFont()).link;
+    const auto owner = reinterpret_cast<WindowHandle>(Handle());
+    if (const auto menu = MenuToOpen(shellExe_, owner, command)) {
+        WhenFree([this, path = *menu] { document_.FOpen(path); });
+    } else {
+        LaunchLink(shellExe_, owner, command);
+    }
+}
+
+Facts Form1::CurrentFacts() const
+{
+    return {locked_, !document_.FFile().empty(), !document_.Home().empty()};
+}
+
+void Form1::UpdateButtons()
+{
+    strip_.SetFacts(CurrentFacts());
+}
+
+// What the document reports
+
+void Form1::Leaving(const std::string& path)
+{
+    history_.Append(path);
+}
+
+void Form1::Cleared()
+{
+    view_.Pane().SetEmptyText("");
+    view_.Pane().FClear();
+}
+
+void Form1::TitleChanged(const std::string& fileName)
+{
+    header_.SetCaption(fileName);
+}
+
+void Form1::Opened(const std::string& path)
+{
+    SetWindowTextA(Handle(), (title_ + " - " + path).c_str());
+}
+
+bool Form1::LinesRebuilt()
+{
+    if (!view_.Pane().LoadFields(pump_)) {
+        return false;
+    }
+    OnSize();
+    view_.Pane().SetEmptyText("This menu has no entries to show.");
+    return true;
+}
+
+void Form1::FileChanged(const std::string&)
+{
+    UpdateButtons();
+}
+
+void Form1::HomeChanged(const std::string&)
+{
+    UpdateButtons();
+}
+
+} // namespace nv

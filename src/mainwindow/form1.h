@@ -1,0 +1,116 @@
+#pragma once
+
+#include "controls/kel_pic_window.h"
+#include "docs/menu_document.h"
+#include "mainwindow/commands.h"
+#include "mainwindow/history.h"
+#include "mainwindow/link_pictures.h"
+#include "mainwindow/menu_view.h"
+#include "mainwindow/start_up.h"
+#include "mainwindow/tool_strip.h"
+#include "system/regis.h"
+#include "win32/gdi_text.h"
+#include "win32/message_boxes.h"
+#include "win32/message_pump.h"
+#include "win32/pictures.h"
+#include "win32/win_files.h"
+#include "win32/win_shell.h"
+#include "win32/window.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace nv
+{
+
+// The main window. It owns all that lives longer than a dialog: the open document, the history of
+// menus, the toolbar, the view.
+class Form1 final : public Window, private DocumentEvents
+{
+public:
+    struct Version {
+        int major;
+        int minor;
+        int revision;
+    };
+    // programFolder: without closing backslash, unless it is a drive root. pump must outlive this.
+    Form1(MessagePump& pump, std::string programFolder, const Version& version);
+    ~Form1() override;
+
+    // Creates and shows the window and opens the first menu, in the program's fixed order.
+    // arguments: of the command line, whole. showCommand: how the starter wants the window. False:
+    // the program is to end. May re-enter.
+    bool StartUp(std::string_view arguments, int showCommand);
+
+    const MenuDocument& Document() const { return document_; }
+    const History& LHis() const { return history_; }
+    MenuView& View() { return view_; }
+
+protected:
+    std::optional<LRESULT> Route(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    // What the window does, each runnable while a menu loads: see WhenFree.
+    using Job = std::function<void()>;
+    // Runs job now; while a menu loads, ends that load first and runs job when it has unwound, so
+    // that loads never run inside each other. Of several jobs the last one is run.
+    void WhenFree(Job job);
+
+    bool CheckLauncher();
+    bool CreateWindows();
+    void Place();
+    void OpenFirstMenu(const std::string& filePart);
+
+    void Run(Command command);
+    Facts CurrentFacts() const;
+    void UpdateButtons();
+    void Back();
+    void Revert();
+    void Normal();
+    void OnEntryClick(std::uint32_t entry);
+    enum class Mode { run = 0, edit = 1, none = 2 };
+    void TMode(Mode mode);
+
+    bool FilterMessage(MSG& message);
+    bool OnKeyDown(const MSG& message);
+    void OnSize();
+    void OnClose();
+    void OnDestroy();
+    void OnActivate(bool active);
+    void OnGetMinMaxInfo(MINMAXINFO& info);
+
+    void Leaving(const std::string& path) override;
+    void Cleared() override;
+    void TitleChanged(const std::string& fileName) override;
+    void Opened(const std::string& path) override;
+    bool LinesRebuilt() override;
+    void FileChanged(const std::string& path) override;
+    void HomeChanged(const std::string& path) override;
+
+    MessagePump& pump_;
+    std::string programFolder_;
+    std::string title_;
+    ScreenScale scale_;
+    Font formFont_;
+    WinFiles files_;
+    Regis settings_;
+    WinShell shell_;
+    MessageBoxes prompts_;
+    GdiText text_;
+    Pictures pictures_;
+    ShellExe shellExe_;
+    LinkPictures linkPictures_;
+    MenuDocument document_;
+    History history_;
+    KelPicWindow header_;
+    ToolStrip strip_;
+    MenuView view_;
+    std::optional<SIZE> minTrack_; // pixels; nothing until start-up is done
+    HWND lastFocus_ = nullptr;     // the child that had the keyboard when the window lost it
+    Job next_;
+    bool locked_ = false;
+    bool busy_ = false;
+};
+
+} // namespace nv

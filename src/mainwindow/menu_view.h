@@ -1,0 +1,66 @@
+#pragma once
+
+#include "mainwindow/menu_pane.h"
+#include "win32/gdi_text.h"
+#include "win32/pictures.h"
+#include "win32/window.h"
+
+#include <functional>
+
+namespace nv
+{
+
+// The view panel P2 as a window: one window that paints the rows in view, with the scroll bar VS1
+// beside them.
+class MenuView final : public Window, private PaneHost
+{
+public:
+    // All must outlive the view. lines, defaultFont: the document's.
+    MenuView(GdiText& text, Pictures& pictures, LinkPictures& links, const CodePage& codePage,
+             const MenuLines& lines, const Font& defaultFont);
+
+    bool Create(HWND parent);
+    MenuPane& Pane() { return pane_; }
+    // Raised with the index of a clicked link's entry. May re-enter.
+    std::function<void(std::uint32_t)> EntryClick;
+
+protected:
+    std::optional<LRESULT> Route(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    std::optional<LRESULT> RouteMouse(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnPaint();
+    void OnSize();
+    void OnScroll(WORD request);
+    void OnWheel(short delta);
+    void OnTimer(UINT_PTR timer);
+    void OnMouseMove(LPARAM lParam);
+    bool OnKey(WPARAM key);
+    void OnTab();
+    void OnSetFocus();
+    LRESULT OnNotify(LPARAM lParam);
+    void Synchronize();
+    void CreateTip();
+    int BarWidth() const;
+
+    void Redraw(const TwipRect& area) override;
+    void ColumnChanged() override;
+    void TakeFocus() override;
+    void SetTicking(bool ticking) override;
+    void PicturesWanted() override;
+    void HoverChanged() override;
+    void EntryClicked(std::uint32_t entry) override;
+
+    GdiText& text_;
+    Pictures& pictures_;
+    MenuPane pane_;
+    Scrolling shownScroll_;      // what the scroll bar was last told
+    Twips shownHeight_ = 0;      // of the column when the window was last brought up to date
+    HWND tip_ = nullptr;         // owned by the window
+    std::string tipText_;        // what the tooltip was last given
+    int wheelRest_ = 0;          // turns of the wheel that did not make a step yet
+    bool tracking_ = false;      // the mouse is over the window
+    bool synchronizing_ = false; // a message to bring the window up to date is under way
+};
+
+} // namespace nv

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "controls/kel_button_window.h"
+#include "mainwindow/commands.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+
+namespace nv
+{
+
+// The toolbar strip T1: a column of buttons, each for one command. In locked mode only its upper
+// part stays in view.
+class ToolStrip final : public Window
+{
+public:
+    // Both must outlive the strip. run: called on a click; may re-enter.
+    ToolStrip(GdiText& text, Pictures& pictures, std::function<void(Command)> run);
+
+    // Creates the strip with its buttons, in the form font.
+    bool Create(HWND parent, const Font& font);
+    // Enables each button whose command is to be had.
+    void SetFacts(const Facts& facts);
+
+    static constexpr Twips kWidth = 1760;
+    static constexpr Twips kHeight = 5300;
+    static constexpr Twips kLockedHeight = 2200;
+
+protected:
+    std::optional<LRESULT> Route(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    struct Place {
+        Command command;
+        const char* caption;
+        std::int32_t picture; // in Im1
+        Twips gap;            // above the button
+    };
+    static const std::array<Place, 9> kPlaces;
+
+    void OnPaint();
+
+    GdiText& text_;
+    Pictures& pictures_;
+    std::function<void(Command)> run_;
+    std::array<std::unique_ptr<KelButtonWindow>, 9> buttons_;
+    std::array<TwipRect, 9> areas_;
+};
+
+} // namespace nv

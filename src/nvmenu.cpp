@@ -1,0 +1,25 @@
+// The program: makes the process fit for shell calls, opens the main window and runs its messages.
+#include "docs/paths.h"
+#include "mainwindow/command_line.h"
+#include "mainwindow/form1.h"
+#include "version.h"
+#include "win32/process.h"
+#include "win32/screen.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showCommand)
+{
+    const nv::ProcessSetup setup;
+    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES | ICC_BAR_CLASSES};
+    InitCommonControlsEx(&controls);
+
+    nv::MessagePump pump;
+    nv::Form1 form(pump, nv::ProgramFolder(), {VER_MAJOR, VER_MINOR, VER_PATCH});
+    if (!form.StartUp(nv::ArgumentsOf(GetCommandLineA()), showCommand)) {
+        return 0;
+    }
+    return pump.Run();
+}

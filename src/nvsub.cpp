@@ -1,0 +1,75 @@
+// NVSub.exe, the companion launcher: starts what its arguments name, by the rules of a menu's link,
+// and says so when that fails. Exit code 0: started; 1: not.
+#include "mainwindow/command_line.h"
+#include "mainwindow/companion.h"
+#include "mainwindow/shell_exe.h"
+#include "win32/process.h"
+#include "win32/screen.h"
+#include "win32/win_shell.h"
+
+#include <windows.h>
+
+#include <exception>
+#include <string>
+
+namespace
+{
+
+void Show(const std::string& text)
+{
+    MessageBoxA(nullptr, text.c_str(), "Navrix Menu",
+                MB_OK | MB_SETFOREGROUND | MB_ICONEXCLAMATION);
+}
+
+// text with the values of the environment variables it names in %; unknown names stay.
+std::string ExpandVariables(const std::string& text)
+{
+    std::string expanded;
+    DWORD needed = static_cast<DWORD>(text.size() + 1);
+    while (needed > expanded.size()) {
+        expanded.resize(needed);
+        needed = ExpandEnvironmentStringsA(text.c_str(), expanded.data(), needed);
+    }
+    if (needed == 0) {
+        return text;
+    }
+    return expanded.c_str(); // the count may be more than the text has
+}
+
+// The show state that this process was started with.
+int StartedAs()
+{
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    GetStartupInfoA(&startup);
+    return (startup.dwFlags & STARTF_USESHOWWINDOW) != 0 ? startup.wShowWindow : SW_SHOWNORMAL;
+}
+
+int Run()
+{
+    const nv::CodePage codePage = nv::ProcessCodePage();
+    const std::string arguments = ExpandVariables(std::string(nv::ArgumentsOf(GetCommandLineA())));
+    nv::WinShell shell;
+    nv::ShellExe shellExe(shell, nv::ProgramFolder());
+    const nv::LaunchInfo info =
+        shellExe.LaunchCommand(0, nv::CompanionCommand(arguments, StartedAs()), "", true);
+    if (!info.started) {
+        Show(nv::CannotStartText(info, codePage));
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
+{
+    const nv::ProcessSetup setup;
+    int code = 1;
+    try {
+        code = Run();
+    } catch (const std::exception& fault) {
+        Show(fault.what());
+    }
+    return code;
+}

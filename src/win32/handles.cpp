@@ -1,1 +1,0 @@
-#include "win32/handles.h"

@@ -1,0 +1,65 @@
+#include "win32/win_shell.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace nv
+{
+
+namespace
+{
+
+// The calls that answer with a number dressed as an instance handle.
+std::int32_t ResultOf(HINSTANCE result)
+{
+    return static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(result));
+}
+
+const char* TextOrNone(const std::string& text)
+{
+    return text.empty() ? nullptr : text.c_str();
+}
+
+} // namespace
+
+std::int32_t WinShell::FindProgram(const std::string& file, const std::string& directory,
+                                   std::span<char> answer)
+{
+    return ResultOf(FindExecutableA(file.c_str(), TextOrNone(directory), answer.data()));
+}
+
+std::int32_t WinShell::StartByShell(const ShellStartRequest& request)
+{
+    return ResultOf(ShellExecuteA(reinterpret_cast<HWND>(request.owner), TextOrNone(request.verb),
+                                  request.file.c_str(), TextOrNone(request.parameters),
+                                  TextOrNone(request.directory), static_cast<int>(request.show)));
+}
+
+std::int32_t WinShell::StartProcess(const ProcessStartRequest& request)
+{
+    // Both are written to, or declared so.
+    std::string commandLine = request.commandLine;
+    std::string title = request.title;
+
+    SECURITY_ATTRIBUTES ofProcess = {};
+    ofProcess.nLength = sizeof ofProcess;
+    SECURITY_ATTRIBUTES ofThread = ofProcess;
+    STARTUPINFOA startup = {};
+    startup.cb = request.startupSize;
+    startup.lpTitle = title.empty() ? nullptr : title.data();
+    startup.dwFillAttribute = request.fillAttribute;
+    startup.dwFlags = request.startupFlags;
+    startup.wShowWindow = static_cast<WORD>(request.show);
+    PROCESS_INFORMATION process = {};
+    const BOOL started = CreateProcessA(nullptr, commandLine.data(), &ofProcess, &ofThread,
+                                        request.inheritHandles, request.creationFlags, nullptr,
+                                        TextOrNone(request.directory), &startup, &process);
+    if (started) {
+        CloseHandle(process.hThread);
+        CloseHandle(process.hProcess);
+    }
+    return started;
+}
+
+} // namespace nv
