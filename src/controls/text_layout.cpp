@@ -77,14 +77,13 @@ std::vector<std::string_view> WrapText(TextMeasure& measure, const CodePage& cod
 {
     std::vector<std::string_view> rows;
     for (std::string_view line : TextLines(text)) {
-        for (std::size_t fits = measure.Fit(font, line, width); fits < line.size();
-             fits = measure.Fit(font, line, width)) {
-            const std::size_t length = BreakBefore(codePage, line, fits);
+        do {
+            const std::size_t fits = measure.Fit(font, line, width);
+            const std::size_t length =
+                fits < line.size() ? BreakBefore(codePage, line, fits) : line.size();
             rows.push_back(line.substr(0, length));
-            const auto next = line.find_first_not_of(' ', length);
-            line.remove_prefix(std::min(next, line.size()));
-        }
-        rows.push_back(line);
+            line.remove_prefix(std::min(line.find_first_not_of(' ', length), line.size()));
+        } while (!line.empty());
     }
     return rows;
 }
@@ -99,8 +98,10 @@ void PaintLines(Canvas& canvas, TextMeasure& measure, const std::vector<std::str
     const auto first = static_cast<std::size_t>(std::clamp(std::floor(above), 0.0, count));
     const auto end = static_cast<std::size_t>(std::clamp(std::ceil(below), 0.0, count));
     for (std::size_t index = first; index < end; ++index) {
-        canvas.Text({origin.x, origin.y + static_cast<Twips>(index) * height}, font, color,
-                    lines[index]);
+        if (!lines[index].empty()) {
+            canvas.Text({origin.x, origin.y + static_cast<Twips>(index) * height}, font, color,
+                        lines[index]);
+        }
     }
 }
 

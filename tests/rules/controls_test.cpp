@@ -1,0 +1,250 @@
+#include "controls/kel_button.h"
+#include "controls/kel_item.h"
+#include "controls/kel_label.h"
+#include "controls/kel_line.h"
+#include "controls/kel_pic.h"
+#include "controls/text_layout.h"
+#include "fakes/fake_measure.h"
+#include "platform/system_colors.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace nv
+{
+namespace
+{
+
+constexpr Picture kSomePicture{Picture::Source::own, 3};
+
+// With the fake measure an 8-point line is 160 high and a character 80 wide.
+
+TEST(KelButton, LaysItselfOut)
+{
+    struct Case {
+        const char* what;
+        const char* caption;
+        bool picture;
+        bool fixed;
+        TwipSize given;
+        TwipSize size;
+        TwipPoint label;
+        Twips imageTop; // of a button with a picture
+        std::int32_t naturalWidth;
+    };
+    const Case cases[] = {
+        {"nothing in it", "", false, true, {0, 0}, {600, 360}, {100, 100}, 0, 600},
+        {"caption alone", "Back", false, true, {0, 0}, {920, 360}, {100, 100}, 0, 920},
+        {"keeps its size", "Back", false, false, {2000, 480}, {2000, 480}, {100, 160}, 0, 920},
+        {"with picture", "Back", true, false, {2000, 480}, {2000, 480}, {470, 160}, 105, 1290},
+        {"two lines", "Back\r\nwards", false, true, {0, 0}, {1000, 520}, {100, 100}, 0, 1000},
+        {"odd halves", "Back", false, false, {2000, 481}, {2000, 481}, {100, 160.5}, 0, 920},
+    };
+    for (const Case& c : cases) {
+        FakeMeasure measure;
+        KelButton button(measure);
+        button.Resize(c.given);
+        button.SetFixedSize(c.fixed);
+        if (c.picture) {
+            button.SetBImage(kSomePicture);
+        }
+        button.SetCaption(c.caption);
+        EXPECT_EQ(button.Size(), c.size) << c.what;
+        EXPECT_EQ((TwipPoint{button.LabelArea().left, button.LabelArea().top}), c.label) << c.what;
+        EXPECT_EQ(button.ImageArea().top, c.imageTop) << c.what;
+        EXPECT_EQ(button.NaturalWidth(), c.naturalWidth) << c.what;
+    }
+}
+
+TEST(KelButton, LaysOutAtOnceButForFonts)
+{
+    FakeMeasure measure;
+    KelButton button(measure);
+    button.SetFixedSize(true);
+    button.SetCaption("Back");
+    Font large;
+    large.size = 16;
+    button.SetFont(large);
+    EXPECT_EQ(button.Size(), (TwipSize{920, 360}));
+    button.ReCalc();
+    EXPECT_EQ(button.Size(), (TwipSize{1240, 520}));
+    // The picture's top comes from the height before it: 360 would give 45, 520 gives 125.
+    button.SetBImage(kSomePicture);
+    EXPECT_EQ(button.ImageArea().top, 125);
+    // An empty picture keeps the place of the one before.
+    button.SetBImage({});
+    EXPECT_EQ(button.LabelArea().left, 470);
+    // The size of the last layout stays when the button no longer sizes itself.
+    button.SetFixedSize(false);
+    EXPECT_EQ(button.Size(), (TwipSize{1610, 520}));
+}
+
+TEST(KelButton, TakesTheMouseOnlyWhenEnabled)
+{
+    FakeMeasure measure;
+    KelButton button(measure);
+    std::string events;
+    button.MouseDown = [&events] { events += 'd'; };
+    button.ButtonClick = [&events] { events += 'c'; };
+    button.Press();
+    button.Release();
+    button.Release(); // wherever it was pressed
+    button.SetEnabledM(false);
+    button.Press();
+    button.Release();
+    button.SetEnabledM(true);
+    button.Release();
+    EXPECT_EQ(events, "dccc");
+}
+
+TEST(KelItem, TakesItsCaptionFromTheCommandWhenItHasNone)
+{
+    struct Case {
+        const char* caption;
+        const char* command;
+        unsigned codePage;
+        const char* shown;
+    };
+    const Case cases[] = {
+        {"Notepad", "C:\\Windows\\notepad.exe", 1252, "Notepad"},
+        {"", "C:\\Windows\\notepad.exe", 1252, "notepad.exe"},
+        {"", "notepad.exe", 1252, ""},
+        {"", "C:\\", 1252, ""},
+        {"", "C:\\\x83\x5C.exe", 932, "\x83\x5C.exe"}, // a trail byte that looks like "\"
+        {"", "\x83\x5C.exe", 932, ""},
+    };
+    for (const Case& c : cases) {
+        FakeMeasure measure;
+        KelItem item(measure, CodePage(c.codePage));
+        item.Command = c.command;
+        item.SetCaption(c.caption);
+        EXPECT_EQ(item.Caption(), c.shown);
+        EXPECT_EQ(item.L1().ToolT(), c.command);
+    }
+    FakeMeasure measure;
+    KelItem item(measure, CodePage());
+    item.SetCaption("First");
+    item.Command = "notepad.exe";
+    item.SetCaption(""); // no "\": what stood there stays
+    EXPECT_EQ(item.Caption(), "First");
+}
+
+TEST(KelItem, IsAsLargeAsItsButtonWhenTheCaptionIsSet)
+{
+    FakeMeasure measure;
+    KelItem item(measure, CodePage());
+    Font font;
+    font.size = 10;
+    item.SetFont(font);
+    item.SetCaption("Notepad");
+    EXPECT_EQ(item.Size(), (TwipSize{100 + 700 + 500, 400}));
+    item.SetBImage(kSomePicture);
+    EXPECT_EQ(item.Size(), (TwipSize{1300, 400}));
+    EXPECT_EQ(item.L1().ImageArea().top, 65);
+    EXPECT_EQ(item.L1().LabelArea().left, 470);
+}
+
+TEST(KelPic, TypesOneCharacterATick)
+{
+    struct Case {
+        const char* caption;
+        unsigned codePage;
+        std::vector<std::string> shown; // after each tick
+    };
+    const Case cases[] = {
+        {"", 1252, {""}},
+        {"Hi!", 1252, {"", "H", "Hi", "Hi!"}},
+        {"\x83\x5C"
+         "a",
+         932,
+         {"", "\x83\x5C",
+          "\x83\x5C"
+          "a"}},
+    };
+    for (const Case& c : cases) {
+        KelPic pic{CodePage(c.codePage)};
+        int done = 0;
+        pic.TypingDone = [&done] { ++done; };
+        pic.SetCaption(c.caption);
+        for (std::size_t tick = 0; tick < c.shown.size(); ++tick) {
+            EXPECT_EQ(done, 0);
+            EXPECT_TRUE(pic.Typing());
+            pic.Tick();
+            EXPECT_EQ(pic.Shown(), c.shown[tick]);
+        }
+        EXPECT_EQ(done, 1);
+        EXPECT_FALSE(pic.Typing());
+        pic.Tick();
+        EXPECT_EQ(done, 1);
+    }
+    KelPic pic{CodePage()};
+    pic.SetCaption("ab");
+    pic.Tick();
+    pic.Tick();
+    pic.SetCaption("ab"); // the same again starts from nothing
+    pic.Tick();
+    EXPECT_EQ(pic.Shown(), "");
+}
+
+TEST(TextLayout, BreaksLinesWithinAWidth)
+{
+    struct Case {
+        const char* text;
+        Twips width; // a character is 80
+        unsigned codePage;
+        std::vector<std::string> rows;
+    };
+    const Case cases[] = {
+        {"", 800, 1252, {""}},
+        {"one two", 800, 1252, {"one two"}},
+        {"one two three", 560, 1252, {"one two", "three"}},
+        {"one two three", 559, 1252, {"one", "two", "three"}},
+        {"one  two", 240, 1252, {"one", "two"}},
+        {"one   ", 240, 1252, {"one"}},
+        {"abcdefgh", 240, 1252, {"abc", "def", "gh"}},
+        {"ab abcdefgh", 240, 1252, {"ab", "abc", "def", "gh"}},
+        {"  abcdef", 320, 1252, {"  ab", "cdef"}},
+        {"a\r\nb\rc\nd", 800, 1252, {"a", "b", "c", "d"}},
+        {"a\r\n\r\nb\r\n", 800, 1252, {"a", "", "b", ""}},
+        {"abc", 0, 1252, {"a", "b", "c"}}, // no room at all still moves on
+        {"abc", -100, 1252, {"a", "b", "c"}},
+        {"\x83\x5C\x83\x5C", 0, 932, {"\x83\x5C", "\x83\x5C"}},
+    };
+    for (const Case& c : cases) {
+        FakeMeasure measure;
+        const auto rows = WrapText(measure, CodePage(c.codePage), Font(), c.text, c.width);
+        EXPECT_EQ(std::vector<std::string>(rows.begin(), rows.end()), c.rows) << c.text;
+    }
+    EXPECT_EQ(CountLines("a\r\n\r\nb\r\n"), TextLines("a\r\n\r\nb\r\n").size());
+}
+
+TEST(KelLabel, DrawsOnlyWhatIsSeen)
+{
+    FakeMeasure measure;
+    std::string text;
+    for (int line = 0; line < 1000; ++line) {
+        text += "x\n";
+    }
+    const KelLabel label(measure, CodePage(), text, Font(), 255, 1000);
+    EXPECT_EQ(label.Height(), 1001 * 160);
+    FakeCanvas canvas;
+    label.Paint(canvas, {240, -16000}, {0, 0, 5000, 320});
+    ASSERT_EQ(canvas.texts.size(), 2u);
+    EXPECT_EQ(canvas.texts[0].at, (TwipPoint{240, 0}));
+    EXPECT_EQ(canvas.texts[0].color, 255);
+}
+
+TEST(KelLine, IsEtched)
+{
+    FakeCanvas canvas;
+    KelLine::Paint(canvas, {120, 150}, 3000);
+    ASSERT_EQ(canvas.lines.size(), 2u);
+    EXPECT_EQ(canvas.lines[0].color, kButtonShadow);
+    EXPECT_EQ(canvas.lines[1].color, kHighlight3D);
+    EXPECT_EQ(canvas.lines[1].below - canvas.lines[0].below, 1);
+    EXPECT_EQ(canvas.lines[1].width, 3000);
+}
+
+} // namespace
+} // namespace nv
