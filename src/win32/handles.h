@@ -33,6 +33,8 @@ public:
 
     Type Get() const { return handle_; }
     explicit operator bool() const { return handle_ != Traits::None(); }
+    // Hands the handle over to the caller.
+    Type Release() { return std::exchange(handle_, Traits::None()); }
     // Releases what is owned and takes over handle.
     void Reset(Type handle = Traits::None())
     {
