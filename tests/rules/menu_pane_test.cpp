@@ -366,7 +366,8 @@ TEST_F(PaneTest, KeysMoveTheFocusAndKeepItInView)
     EXPECT_FALSE(pane.Key(PaneKey::previousLink)); // the focus goes on to what stands before
     Press(PaneKey::end);
     EXPECT_FALSE(pane.Key(PaneKey::nextLink));
-    EXPECT_GE(-pane.Scroll().Top(), 360 + 40 * 460 + 310 - 5000); // and the label below the last one
+    EXPECT_GE(-pane.Scroll().Top(),
+              360 + 40 * 460 + 310 - 5000); // and the label below the last one
     Press(PaneKey::press);
     EXPECT_EQ(clicked, std::vector<std::uint32_t>{40});
     pane.SetHasFocus(true);
