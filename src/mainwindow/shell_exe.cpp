@@ -60,11 +60,8 @@ SplitResult SplitQuoted(std::string_view text, bool keepQuotes)
 // Some associations append a quoted placeholder to the program's path: it goes, with its blank.
 void CutPlaceholder(std::string& path)
 {
-    if (path.size() < 2 || path.back() != '"') {
-        return;
-    }
-    const auto at = path.rfind(" \"");
-    if (at != npos && at > 0) {
+    const auto at = path.ends_with('"') ? path.rfind(" \"") : npos;
+    if (at != npos) {
         path.resize(at);
     }
 }
@@ -159,7 +156,6 @@ bool Launch::AskShell()
     SplitResult quoted = SplitCommand(commandLine_, true);
     info_.quotedProgram = std::move(quoted.program);
     info_.arguments = std::move(quoted.arguments);
-    found_.clear();
     if (info_.plainProgram.size() > kLongestFile) {
         return false;
     }

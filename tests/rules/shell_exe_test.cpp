@@ -155,6 +155,7 @@ TEST(ShellExe, TellsDocumentsFromPrograms)
         {"folder x", "", program, "", " x", "\"\" x"},
         // Placeholders behind the program's path.
         {"a.txt", "np.exe \"%1\"", document, "np.exe", "a.txt", "\"np.exe\" a.txt"},
+        {"a.txt", "p \"%1\"", document, "p", "a.txt", "\"p\" a.txt"},
         {"a.txt", "np.exe  \"%1\"", document, "np.exe ", "a.txt", "\"np.exe \" a.txt"},
         {"a.txt", "np.exe \"", document, "np.exe", "a.txt", "\"np.exe\" a.txt"},
         {"a.txt", "np.exe \"a\" \"b\"", document, "np.exe \"a\"", "a.txt",
@@ -337,9 +338,9 @@ TEST(ShellExe, SurvivesHostileCommands)
 {
     const std::string pieces[] = {
         "\"", " ", "/NV", "/nv+", "-", "\\", ".", "a", ".nv", "\x81", std::string(1, '\0')};
-    // Every command of up to four of these; each also with the shell finding it.
+    // Every command of up to three of these, missed by the shell and found.
     std::vector<std::string> commands = {""};
-    for (std::size_t at = 0; at < commands.size() && commands.size() < 16000; ++at) {
+    for (std::size_t at = 0; at < commands.size() && commands.size() < 1400; ++at) {
         for (const std::string& piece : pieces) {
             commands.push_back(commands[at] + piece);
         }
