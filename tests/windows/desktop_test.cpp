@@ -1,0 +1,290 @@
+// The thin layer over the desktop: fonts, the message pump, button and view as real windows.
+#include "controls/kel_button_window.h"
+#include "docs/menu_line.h"
+#include "fakes/fake_shell.h"
+#include "mainwindow/menu_view.h"
+#include "platform/system_colors.h"
+#include "system/form_fonts.h"
+#include "system/locale_settings.h"
+#include "win32/gdi_canvas.h"
+#include "win32/message_pump.h"
+#include "win32/screen.h"
+
+#include <commctrl.h>
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace nv
+{
+namespace
+{
+
+constexpr ScreenScale kScale;
+
+Font FontOf(const std::string& name, double size)
+{
+    Font font;
+    font.name = name;
+    font.size = size;
+    return font;
+}
+
+// A plain top-level window to put others in.
+class Frame final : public Window
+{
+public:
+    Frame() { Create({"NavrixTestFrame", WS_OVERLAPPEDWINDOW | WS_VISIBLE}, nullptr); }
+
+protected:
+    std::optional<LRESULT> Route(UINT, WPARAM, LPARAM) override { return std::nullopt; }
+};
+
+// Lets every waiting message through; timers and all.
+void Settle()
+{
+    MSG message = {};
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        DispatchMessageA(&message);
+    }
+}
+
+TEST(GdiText, MeasuresAlikeInWholeAndInPieces)
+{
+    GdiText text(kScale, CodePage(1252));
+    const Font font = FontOf("Tahoma", 10);
+    const std::string line(20000, 'm');
+    EXPECT_EQ(text.Width(font, line), text.Width(font, "m") * 20000);
+    EXPECT_EQ(text.Width(font, ""), 0);
+    const Twips width = text.Width(font, line.substr(0, 37));
+    EXPECT_EQ(text.Fit(font, line, width), 37u);
+    EXPECT_EQ(text.Fit(font, line, width - 15), 36u);
+    EXPECT_EQ(text.Fit(font, line, -5), 0u);
+    EXPECT_EQ(text.Fit(font, "ab", 1e6f), 2u);
+    EXPECT_EQ(text.Fit(font, "", 100), 0u);
+}
+
+TEST(GdiText, NeverSplitsACharacter)
+{
+    GdiText text(kScale, CodePage(932));
+    const std::string line = "\x83\x5C\x83\x5C\x83\x5C";
+    for (Twips width = 0; width < 900; width += 15) {
+        EXPECT_EQ(text.Fit(Font(), line, width) % 2, 0u) << width;
+    }
+}
+
+TEST(GdiText, SharesFontsAndClosesTheManyOfAHostileMenu)
+{
+    GdiText text(kScale, CodePage(1252));
+    const HFONT first = text.Handle(FontOf("Tahoma", 8));
+    EXPECT_EQ(text.Handle(FontOf("Tahoma", 8)), first);
+    for (int size = 1; size <= 300; ++size) {
+        ASSERT_GT(text.LineHeight(FontOf("Tahoma", 1 + size / 100.0)), 0);
+    }
+    EXPECT_EQ(GetObjectType(first), 0u); // the platform has room for some thousands only
+    ASSERT_GT(text.Width(FontOf("Tahoma", 8), "text"), 0);
+    // A name beyond the platform's 31 characters is cut, whatever its length.
+    EXPECT_GT(text.LineHeight(FontOf(std::string(5000, 'x'), 8)), 0);
+}
+
+TEST(ScreenColors, ComeFromEitherKindOfNumber)
+{
+    EXPECT_EQ(ColorRef(0x00123456), 0x00123456u);
+    EXPECT_EQ(ColorRef(SystemColor(COLOR_WINDOWTEXT)), GetSysColor(COLOR_WINDOWTEXT));
+    EXPECT_EQ(ColorRef(INT32_MIN), GetSysColor(0));
+    EXPECT_EQ(ColorRef(0x7F123456), 0x00123456u); // no palette of ours
+}
+
+TEST(FormFonts, TellTheUsersCharsetAndTheFramesSize)
+{
+    EXPECT_EQ(UserCharset(), CodePageToCharset(std::to_string(GetACP())));
+    const std::pair<const char*, int> table[] = {
+        {"932", 128},  {"936", 134},  {"949", 129},  {"950", 136},  {"1250", 238},
+        {"1251", 204}, {"1252", 0},   {"1253", 161}, {"1254", 162}, {"1255", 177},
+        {"1256", 178}, {"1257", 186}, {"874", 0},    {"", 0},       {"1250 ", 0},
+    };
+    for (const auto& [codePage, charset] : table) {
+        EXPECT_EQ(CodePageToCharset(codePage), charset) << codePage;
+    }
+    const Frame frame;
+    SetWindowPos(frame.Handle(), nullptr, 0, 0, 400, 300, SWP_NOZORDER);
+    RECT client = {};
+    GetClientRect(frame.Handle(), &client);
+    EXPECT_EQ(TrueWindowSize(frame.Handle(), true), (300 - client.bottom) * 15);
+    EXPECT_EQ(TrueWindowSize(frame.Handle(), false), (400 - client.right) * 15);
+    EXPECT_GT(TrueWindowSize(frame.Handle(), true), 0);
+    EXPECT_EQ(TrueWindowSize(nullptr, true), 0);
+}
+
+TEST(MessagePump, LooksAtTheClockAndEndsUnwantedWork)
+{
+    const Frame frame;
+    MessagePump pump;
+    int seen = 0;
+    pump.Filter = [&](MSG& message) {
+        const bool ours = message.message == WM_APP + 7;
+        seen += ours;
+        return ours;
+    };
+    const auto post = [&] { PostMessageA(frame.Handle(), WM_APP + 7, 0, 0); };
+    post();
+    EXPECT_TRUE(pump.LetEventsThrough());
+    EXPECT_EQ(seen, 1);
+    const DWORD end = GetTickCount() + 5000;
+    post();
+    while (seen < 2 && GetTickCount() < end) {
+        EXPECT_TRUE(pump.LetEventsThrough());
+    }
+    EXPECT_EQ(seen, 2);
+    pump.EndWork();
+    post();
+    EXPECT_FALSE(pump.LetEventsThrough());
+    EXPECT_EQ(seen, 2); // nothing comes between an ended work and its unwinding
+    pump.BeginWork();
+    PostQuitMessage(3);
+    while (pump.LetEventsThrough() && GetTickCount() < end) {
+    }
+    EXPECT_FALSE(pump.LetEventsThrough());
+    EXPECT_EQ(pump.Run(), 3); // the end of the program is still on its way
+}
+
+TEST(KelButtonWindow, IsPressedByMouseAndKeys)
+{
+    const Frame frame;
+    GdiText text(kScale, CodePage(1252));
+    Pictures pictures(kScale);
+    KelButtonWindow window(text, pictures);
+    ASSERT_TRUE(window.Create(frame.Handle()));
+    window.MoveTo({0, 0, 1500, 480});
+    int clicks = 0;
+    window.Button().ButtonClick = [&clicks] { ++clicks; };
+    const auto send = [&window](UINT message, WPARAM wParam) {
+        SendMessageA(window.Handle(), message, wParam, MAKELPARAM(5, 5));
+        return 0;
+    };
+    send(WM_LBUTTONDOWN, 0);
+    EXPECT_EQ(clicks, 0);
+    send(WM_LBUTTONUP, 0);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(GetFocus(), window.Handle());
+    send(WM_KEYDOWN, VK_SPACE);
+    EXPECT_EQ(clicks, 1);
+    send(WM_KEYUP, VK_SPACE);
+    EXPECT_EQ(clicks, 2);
+    send(WM_KEYDOWN, VK_RETURN);
+    EXPECT_EQ(clicks, 3);
+    send(WM_KEYDOWN, 'A');
+    window.Button().SetEnabledM(false);
+    window.Refresh();
+    EXPECT_FALSE(IsWindowEnabled(window.Handle()));
+    send(WM_LBUTTONUP, 0);
+    EXPECT_EQ(clicks, 3);
+}
+
+// A view over a menu of its own.
+struct ViewTest : public testing::Test {
+    ViewTest() : view(text, pictures, links, CodePage(1252), lines, font)
+    {
+        SetWindowPos(frame.Handle(), nullptr, 0, 0, 700, 500, SWP_NOZORDER);
+        view.Create(frame.Handle());
+        SetWindowPos(view.Handle(), nullptr, 0, 0, 600, 400, SWP_NOZORDER | SWP_SHOWWINDOW);
+        view.EntryClick = [this](std::uint32_t entry) { clicked = static_cast<int>(entry); };
+    }
+    void LoadLinks(int count)
+    {
+        for (int index = 0; index < count; ++index) {
+            MenuItem item;
+            item.type = ItemType::vLink;
+            item.caption = "Link";
+            item.link = "prog";
+            lines.Append(EncodeLine(item));
+        }
+        ASSERT_TRUE(view.Pane().LoadFields(pump));
+        Settle();
+    }
+    int ScrollPosition() const { return GetScrollPos(view.Handle(), SB_VERT); }
+    bool HasBar() const { return (GetWindowLongA(view.Handle(), GWL_STYLE) & WS_VSCROLL) != 0; }
+
+    Frame frame;
+    GdiText text{kScale, CodePage(1252)};
+    Pictures pictures{kScale};
+    FakeShell shell;
+    ShellExe shellExe{shell, "C:\\Menus"};
+    LinkPictures links{shellExe, pictures};
+    MenuLines lines;
+    Font font;
+    MessagePump pump;
+    MenuView view;
+    int clicked = -1;
+};
+
+TEST_F(ViewTest, ShowsTheBarWhenItIsNeeded)
+{
+    LoadLinks(3);
+    EXPECT_FALSE(HasBar());
+    const TwipSize size = view.Pane().ViewSize();
+    LoadLinks(50);
+    EXPECT_TRUE(HasBar());
+    EXPECT_EQ(view.Pane().ViewSize(), size); // its place was kept free
+    SCROLLINFO info = {};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_ALL;
+    GetScrollInfo(view.Handle(), SB_VERT, &info);
+    EXPECT_EQ(info.nMax - static_cast<int>(info.nPage) + 1, view.Pane().Scroll().Maximum());
+    SendMessageA(view.Handle(), WM_VSCROLL, SB_LINEDOWN, 0);
+    SendMessageA(view.Handle(), WM_VSCROLL, SB_PAGEDOWN, 0);
+    Settle();
+    EXPECT_EQ(ScrollPosition(), 6000);
+    SendMessageA(view.Handle(), WM_VSCROLL, SB_BOTTOM, 0);
+    Settle();
+    EXPECT_EQ(ScrollPosition(), view.Pane().Scroll().Maximum());
+    SendMessageA(view.Handle(), WM_VSCROLL, SB_TOP, 0);
+    Settle();
+    EXPECT_EQ(ScrollPosition(), 0);
+    constexpr auto kPartOfANotch = static_cast<WPARAM>(static_cast<WORD>(-WHEEL_DELTA / 4)) << 16;
+    for (int part = 0; part < 4; ++part) { // as a fine wheel sends them
+        SendMessageA(view.Handle(), WM_MOUSEWHEEL, kPartOfANotch, 0);
+    }
+    Settle();
+    EXPECT_GT(ScrollPosition(), 0);
+}
+
+TEST_F(ViewTest, IsOneWindowHoweverManyEntries)
+{
+    LoadLinks(300);
+    EXPECT_EQ(GetWindow(view.Handle(), GW_CHILD), nullptr);
+    SendMessageA(view.Handle(), WM_KEYDOWN, VK_END, 0);
+    SendMessageA(view.Handle(), WM_KEYDOWN, VK_RETURN, 0);
+    EXPECT_EQ(clicked, 299);
+    SendMessageA(view.Handle(), WM_KEYDOWN, VK_HOME, 0);
+    SendMessageA(view.Handle(), WM_LBUTTONDOWN, 0, MAKELPARAM(45, 20));
+    EXPECT_EQ(clicked, 299);
+    SendMessageA(view.Handle(), WM_LBUTTONUP, 0, MAKELPARAM(45, 20));
+    EXPECT_EQ(clicked, 0);
+    EXPECT_EQ(view.Pane().HoveredTip(), "prog");
+}
+
+TEST_F(ViewTest, DrawsSeparatorsEtched)
+{
+    MenuItem line;
+    line.type = ItemType::vLine;
+    lines.Append(EncodeLine(line));
+    ASSERT_TRUE(view.Pane().LoadFields(pump));
+    const HDC screen = GetDC(nullptr);
+    const MemoryDc memory(CreateCompatibleDC(screen));
+    const BitmapHandle bitmap(CreateCompatibleBitmap(screen, 200, 50));
+    ReleaseDC(nullptr, screen);
+    const HGDIOBJ old = SelectObject(memory.Get(), bitmap.Get());
+    GdiCanvas canvas(memory.Get(), text, pictures);
+    view.Pane().Paint(canvas, {0, 0, 3000, 750});
+    // At 150 twips: ten pixels down; the line begins at 120 twips.
+    EXPECT_EQ(GetPixel(memory.Get(), 100, 9), GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(GetPixel(memory.Get(), 100, 10), GetSysColor(COLOR_BTNSHADOW));
+    EXPECT_EQ(GetPixel(memory.Get(), 100, 11), GetSysColor(COLOR_3DHILIGHT));
+    EXPECT_EQ(GetPixel(memory.Get(), 100, 12), GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(GetPixel(memory.Get(), 7, 10), GetSysColor(COLOR_BTNFACE));
+    SelectObject(memory.Get(), old);
+}
+
+} // namespace
+} // namespace nv
