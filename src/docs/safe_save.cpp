@@ -80,9 +80,11 @@ SystemError SafeSave::Finish(std::string_view contents)
         error = files_.Replace(temporaryPath_, path_);
         if (error == 0) {
             temporaryPath_.clear();
-        } else if (error == kAccessDenied && files_.Attributes(path_).exists) {
-            // The folder lets files be made but not replaced. The new file beside stays until the
-            // old one is written: should the program die meanwhile, all is in it.
+        } else if ((error == kAccessDenied || error == kSharingViolation) &&
+                   files_.Attributes(path_).exists) {
+            // The folder lets files be made but not replaced, or another program has one of the two
+            // open. The new file beside stays until the old one is written: should the program die
+            // meanwhile, all is in it.
             error = WriteInPlace(contents);
         }
     }

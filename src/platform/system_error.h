@@ -8,6 +8,7 @@ namespace nv
 
 inline constexpr SystemError kAccessDenied = 5;
 inline constexpr SystemError kNotEnoughMemory = 8;
+inline constexpr SystemError kSharingViolation = 32;
 inline constexpr SystemError kFileExists = 80;
 inline constexpr SystemError kAlreadyExists = 183;
 
