@@ -1,0 +1,257 @@
+// Files in memory, with everything that can go wrong with real ones on demand.
+#pragma once
+
+#include "platform/ansi_text.h"
+#include "platform/files.h"
+#include "platform/system_error.h"
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+
+namespace nv
+{
+
+// Thrown where the process is to die.
+struct Killed {
+};
+
+class FakeFiles : public Files
+{
+public:
+    static constexpr SystemError kNotFound = 2;
+    static constexpr SystemError kDiskFull = 112;
+
+    struct Node {
+        std::string name;
+        std::string contents;
+        bool folder = false;
+        bool readOnly = false;
+        bool hidden = false;
+        bool onDisk = true; // what was written stands on the disk, not only in memory
+    };
+
+    // What goes wrong. Operations are those that report an error, counted from 1.
+    int failAt = 0;
+    SystemError failure = 1117;       // an I/O error
+    int killAt = 0;                   // dies in this operation; of a write half is done
+    std::size_t room = SIZE_MAX;      // bytes by which files can still grow
+    std::size_t readPiece = SIZE_MAX; // most that one Read gives
+    SystemError refuseNew = 0;        // what creating any file ends with
+    SystemError refuseReplace = 0;
+    std::map<std::string, SystemError> refuseOpen; // by path
+
+    int operations = 0;
+    std::vector<std::string> madeFolders;
+
+    void Put(const std::string& path, const std::string& contents)
+    {
+        nodes_[UpperCase(path)] = Node{path, contents};
+    }
+    Node* Find(const std::string& path)
+    {
+        const auto found = nodes_.find(UpperCase(path));
+        return found == nodes_.end() ? nullptr : &found->second;
+    }
+    // The file's contents, or "(none)".
+    std::string Contents(const std::string& path)
+    {
+        const Node* node = Find(path);
+        return node != nullptr ? node->contents : "(none)";
+    }
+    std::size_t Count() const { return nodes_.size(); }
+    // Loses what was not flushed.
+    void CutPower()
+    {
+        for (auto& [key, node] : nodes_) {
+            if (!node.onDisk) {
+                node.contents = "\x7F lost";
+            }
+        }
+    }
+
+    std::unique_ptr<File> Open(const std::string& path, OpenMode mode, SystemError& error) override
+    {
+        error = Step();
+        if (error == 0) {
+            error = OpenError(path, mode);
+        }
+        if (error != 0) {
+            return nullptr;
+        }
+        Node& node = nodes_[UpperCase(path)];
+        node.name = path;
+        if (mode == OpenMode::overwrite) {
+            node.contents.clear();
+        }
+        return std::make_unique<OpenFile>(*this, path);
+    }
+
+    FileAttributes Attributes(const std::string& path) override
+    {
+        const Node* node = Find(path);
+        return node == nullptr ? FileAttributes{}
+                               : FileAttributes{true, node->folder, node->readOnly};
+    }
+
+    // Of patterns only "*" with what follows it, in the last part.
+    std::vector<std::string> List(const std::string& pattern, std::size_t limit) override
+    {
+        std::vector<std::string> names;
+        const std::string wanted = UpperCase(pattern);
+        const auto star = wanted.find('*');
+        for (const auto& [key, node] : nodes_) {
+            const bool fits = star == std::string::npos
+                                  ? key == wanted
+                                  : key.starts_with(wanted.substr(0, star)) &&
+                                        key.ends_with(wanted.substr(star + 1));
+            if (fits && !node.folder && names.size() < limit) {
+                names.push_back(node.name.substr(node.name.rfind('\\') + 1));
+            }
+        }
+        return names;
+    }
+
+    SystemError Replace(const std::string& from, const std::string& to) override
+    {
+        SystemError error = Step();
+        if (error == 0) {
+            error = Find(from) == nullptr ? kNotFound : refuseReplace;
+        }
+        if (error == 0) {
+            Node node = *Find(from);
+            const Node* old = Find(to);
+            node.name = to;
+            node.hidden = old != nullptr && old->hidden;
+            nodes_.erase(UpperCase(from));
+            nodes_[UpperCase(to)] = node;
+        }
+        return error;
+    }
+
+    SystemError Remove(const std::string& path) override
+    {
+        const SystemError error = Step();
+        return error != 0 ? error : nodes_.erase(UpperCase(path)) == 1 ? 0 : kNotFound;
+    }
+
+    SystemError MakeFolder(const std::string& path) override
+    {
+        madeFolders.push_back(path);
+        const SystemError error = Step();
+        if (error == 0) {
+            nodes_[UpperCase(path)] = Node{path, {}, true};
+        }
+        return error;
+    }
+
+    std::string Describe(SystemError error) override { return "<" + std::to_string(error) + ">"; }
+
+private:
+    class OpenFile : public File
+    {
+    public:
+        OpenFile(FakeFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
+
+        SystemError Read(char* buffer, std::size_t size, std::size_t& got) override
+        {
+            got = 0;
+            if (const SystemError error = files_.Step()) {
+                return error;
+            }
+            const std::string& contents = Node().contents;
+            got = std::min({size, files_.readPiece, contents.size() - at_});
+            std::memcpy(buffer, contents.data() + at_, got);
+            at_ += got;
+            return 0;
+        }
+
+        SystemError Write(const char* data, std::size_t size) override
+        {
+            const int operation = files_.operations + 1;
+            const bool halves = operation == files_.killAt || operation == files_.failAt;
+            const std::size_t done = files_.dead_ ? 0 : Put(data, halves ? size / 2 : size);
+            if (const SystemError error = files_.Step()) {
+                return error;
+            }
+            return done < size ? kDiskFull : 0;
+        }
+
+        SystemError Rewind() override
+        {
+            at_ = 0;
+            return files_.Step();
+        }
+        SystemError Truncate() override
+        {
+            const SystemError error = files_.Step();
+            if (error == 0) {
+                Node().contents.resize(at_);
+                Node().onDisk = false;
+            }
+            return error;
+        }
+        SystemError Flush() override
+        {
+            const SystemError error = files_.Step();
+            if (error == 0) {
+                Node().onDisk = true;
+            }
+            return error;
+        }
+        SystemError Close() override { return files_.Step(); }
+
+    private:
+        FakeFiles::Node& Node() { return *files_.Find(path_); }
+        // Writes as much of data as the disk has room for.
+        std::size_t Put(const char* data, std::size_t size)
+        {
+            std::string& contents = Node().contents;
+            const std::size_t over = std::min(size, contents.size() - at_);
+            const std::size_t growth = std::min(size - over, files_.room);
+            files_.room -= files_.room == SIZE_MAX ? 0 : growth;
+            contents.replace(at_, over, data, over + growth);
+            Node().onDisk = false;
+            at_ += over + growth;
+            return over + growth;
+        }
+
+        FakeFiles& files_;
+        std::string path_;
+        std::size_t at_ = 0;
+    };
+
+    // Begins an operation; the error that is due in it.
+    SystemError Step()
+    {
+        if (dead_) {
+            return failure; // a dead process changes nothing more, whatever its destructors try
+        }
+        ++operations;
+        if (operations == killAt) {
+            dead_ = true;
+            throw Killed();
+        }
+        return operations == failAt ? failure : 0;
+    }
+
+    SystemError OpenError(const std::string& path, OpenMode mode)
+    {
+        const Node* node = Find(path);
+        if (refuseOpen.contains(path)) {
+            return refuseOpen[path];
+        }
+        if (node == nullptr) {
+            return mode == OpenMode::read || mode == OpenMode::change ? kNotFound : refuseNew;
+        }
+        if (mode == OpenMode::createNew) {
+            return kFileExists;
+        }
+        return node->folder || (node->readOnly && mode != OpenMode::read) ? kAccessDenied : 0;
+    }
+
+    std::map<std::string, Node> nodes_; // by path in upper case
+    bool dead_ = false;
+};
+
+} // namespace nv

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/prompts.h"
+
+#include <deque>
+#include <functional>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace nv
+{
+
+// Answers message boxes from a script and keeps what they showed. A box beyond the script, or an
+// answer that no box asked for, fails the test.
+class FakePrompts : public Prompts
+{
+public:
+    struct Shown {
+        std::string text;
+        PromptIcon icon = PromptIcon::none;
+        PromptButtons buttons = PromptButtons::ok;
+        bool operator==(const Shown&) const = default;
+    };
+
+    std::vector<Shown> shown;
+    std::function<void()> whileShown; // runs in every box, as the box's message loop would
+
+    ~FakePrompts() override { EXPECT_TRUE(answers_.empty()) << "a box was expected"; }
+
+    void Expect(Answer answer) { answers_.push_back(answer); }
+    // The only box since the last call; empty when there was none.
+    Shown Take()
+    {
+        EXPECT_LE(shown.size(), 1u);
+        const Shown last = shown.empty() ? Shown{} : shown.back();
+        shown.clear();
+        return last;
+    }
+
+    Answer Ask(const std::string& text, PromptIcon icon, PromptButtons buttons) override
+    {
+        shown.push_back({text, icon, buttons});
+        if (whileShown) {
+            whileShown();
+        }
+        if (answers_.empty()) {
+            ADD_FAILURE() << "unexpected box: " << text;
+            return Answer::cancel;
+        }
+        const Answer answer = answers_.front();
+        answers_.pop_front();
+        return answer;
+    }
+
+private:
+    std::deque<Answer> answers_;
+};
+
+inline void PrintTo(const FakePrompts::Shown& shown, std::ostream* out)
+{
+    *out << "icon " << static_cast<int>(shown.icon) << ", buttons "
+         << static_cast<int>(shown.buttons) << ": " << shown.text;
+}
+
+} // namespace nv
