@@ -1,0 +1,46 @@
+# The packages of Debian 12 that this project needs, and the one way they get installed.
+# To be sourced by run.sh and test.sh.
+
+# To build and run the program. googletest: the windows preset configures its tests as well.
+# fonts-liberation: stands in for Arial, Courier New and Times New Roman (tools/wine.reg).
+packages_run="cmake ninja-build g++-mingw-w64-x86-64-posix googletest
+    wine wine64 fonts-wine fonts-liberation xvfb xdotool imagemagick"
+
+# To check and test it.
+packages_test="$packages_run g++ g++-mingw-w64-i686-posix clang-format-14"
+
+# install_missing PACKAGE...: asks dpkg, not apt, so that it costs nothing when all are there.
+install_missing() {
+    local missing=() package
+    for package in "$@"; do
+        case $(dpkg-query -W -f '${Status}' "$package" 2>/dev/null) in
+        'install ok installed') ;;
+        *) missing+=("$package") ;;
+        esac
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "These packages are missing and only root can install them; as root, please run:" >&2
+            echo "    apt-get update && apt-get install -y --no-install-recommends ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+        # Nobody is there to type a password.
+        [ -t 0 ] || as_root+=(-n)
+    fi
+    echo "Installing ${missing[*]}${as_root[*]:+ (with sudo)}"
+    # DEBIAN_FRONTEND behind sudo, which drops the environment. Use-Pty: plain output in a log.
+    local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q
+        -o Dpkg::Use-Pty=0 -o Acquire::Retries=3)
+    if ! "${apt[@]}" update </dev/null; then
+        echo "The package lists could not be brought up to date (apt-get update)." >&2
+        return 1
+    fi
+    if ! "${apt[@]}" install -y --no-install-recommends "${missing[@]}" </dev/null; then
+        echo "These packages could not be installed: ${missing[*]}" >&2
+        return 1
+    fi
+}
