@@ -5,6 +5,8 @@ target_compile_options(project_flags INTERFACE
   -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual -Wformat=2 -Wundef -Wextra-semi
   -Wimplicit-fallthrough
   $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override>
+  # GCC 12 sees overlaps inside std::string's operator+ that are not there.
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
   -fstack-protector-strong)
 target_compile_definitions(project_flags INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 if(WIN32)
