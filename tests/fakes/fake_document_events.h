@@ -3,6 +3,7 @@
 #include "docs/menu_document.h"
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace nv

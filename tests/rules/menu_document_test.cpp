@@ -1,0 +1,420 @@
+#include "docs/menu_document.h"
+#include "docs/menu_line.h"
+#include "fakes/fake_document_events.h"
+#include "fakes/fake_files.h"
+#include "fakes/fake_prompts.h"
+#include "fakes/fake_pump.h"
+#include "fakes/fake_settings.h"
+
+#include <gtest/gtest.h>
+
+namespace nv
+{
+namespace
+{
+
+const char kStart[] = "C:\\Menus\\Start.nvm";
+const char kOther[] = "C:\\Menus\\Other.nvm";
+const Font kDefaultFont{"Tahoma", 8, false, false, false, false, 238};
+using Log = FakeDocumentEvents::Log;
+using Shown = FakePrompts::Shown;
+
+Shown Stop(const std::string& text)
+{
+    return {text, PromptIcon::stop, PromptButtons::ok};
+}
+
+Shown SaveQuestion(const std::string& path)
+{
+    return {"Do you want to save the changes you made to \n\n" + path + "?", PromptIcon::question,
+            PromptButtons::yesNoCancel};
+}
+
+// A document over fakes, with two menus on the disk.
+struct Desk {
+    FakeFiles files;
+    FakePrompts prompts;
+    FakeSettings settings;
+    FakePump pump;
+    FakeDocumentEvents events;
+    MenuDocument document{files, prompts, settings, pump, events, CodePage(), kDefaultFont};
+
+    Desk()
+    {
+        files.Put(kStart, "one\r\ntwo\r\nthree\r\n");
+        files.Put(kOther, "other\r\n");
+    }
+    // Start.nvm opened; changed: and edited since.
+    void Open(bool changed = false)
+    {
+        ASSERT_TRUE(document.FOpen(kStart));
+        document.SetMCh(changed);
+        events.Take();
+        files.operations = 0;
+        pump.calls = 0;
+    }
+    std::string State() const
+    {
+        return document.FFile() + (document.MCh() ? " changed" : "") +
+               (document.UnsavedChanges() ? " unsaved" : "") +
+               (document.Loading() ? " loading" : "") + " " +
+               std::to_string(document.Lines().size());
+    }
+};
+
+const std::string kClean = std::string(kStart) + " 3";
+const std::string kChanged = std::string(kStart) + " changed unsaved 3";
+const std::string kNoDocument = " 0";
+
+TEST(MenuDocument, ReportsItsStepsInOrder)
+{
+    Desk desk;
+    EXPECT_TRUE(desk.document.FOpen(kStart));
+    EXPECT_EQ(desk.events.Take(), (Log{"cleared", "title Start.nvm", std::string("file ") + kStart,
+                                       std::string("opened ") + kStart, "lines"}));
+    EXPECT_EQ(desk.settings.Text("Settings", "Last"), kStart);
+    EXPECT_EQ(desk.State(), kClean);
+    EXPECT_EQ(desk.pump.calls, 3);
+
+    EXPECT_TRUE(desk.document.FOpen("c:\\menus\\other.Nvm"));
+    EXPECT_EQ(desk.events.Take().front(), std::string("leaving ") + kStart);
+
+    desk.document.SetNoHistory();
+    EXPECT_TRUE(desk.document.FOpen(kStart));
+    EXPECT_EQ(desk.events.Take().front(), "cleared");
+    EXPECT_TRUE(desk.document.FOpen(desk.document.FFile())); // its own path, and history again
+    EXPECT_EQ(desk.events.Take().front(), std::string("leaving ") + kStart);
+    EXPECT_EQ(desk.State(), kClean);
+}
+
+TEST(MenuDocument, AsksAboutUnsavedChangesBeforeAnotherMenu)
+{
+    struct Case {
+        Answer answer;
+        bool fails; // the save
+        bool opened;
+        std::string saved;
+    };
+    const Case cases[] = {
+        {Answer::yes, false, true, "edited\r\ntwo\r\nthree\r\n"},
+        {Answer::yes, true, false, "one\r\ntwo\r\nthree\r\n"},
+        {Answer::no, false, true, "one\r\ntwo\r\nthree\r\n"},
+        {Answer::cancel, false, false, "one\r\ntwo\r\nthree\r\n"},
+    };
+    for (const Case& c : cases) {
+        Desk desk;
+        desk.Open(true);
+        desk.document.SetMCh(false); // an undone edit is unsaved all the same
+        desk.document.Lines().Set(0, "edited");
+        desk.files.room = c.fails ? 3 : SIZE_MAX;
+        desk.prompts.Expect(c.answer);
+        if (c.fails) {
+            desk.prompts.Expect(Answer::ok);
+        }
+        EXPECT_EQ(desk.document.FOpen(kOther), c.opened);
+        EXPECT_EQ(desk.prompts.shown.front(), SaveQuestion(kStart));
+        EXPECT_EQ(desk.files.Contents(kStart), c.saved);
+        EXPECT_EQ(desk.document.UnsavedChanges(), !c.opened);
+        EXPECT_EQ(desk.document.FFile(), c.opened ? kOther : kStart);
+        const Log log = desk.events.Take();
+        const bool left =
+            std::find(log.begin(), log.end(), std::string("leaving ") + kStart) != log.end();
+        EXPECT_EQ(left, c.opened);
+    }
+}
+
+TEST(MenuDocument, DropsTheChangesOfAMenuWithoutAFile)
+{
+    Desk desk;
+    desk.document.SetMCh(true);
+    desk.prompts.Expect(Answer::yes);
+    EXPECT_TRUE(desk.document.FOpen(kStart));
+    EXPECT_EQ(desk.prompts.Take(), SaveQuestion(""));
+    EXPECT_EQ(desk.State(), kClean);
+}
+
+TEST(MenuDocument, RefusesAnotherExtensionAndStillMakesTheStep)
+{
+    for (const std::string path :
+         {"C:\\Menus\\Start.txt", "C:\\Menus\\Start", "C:\\M.nvm\\Start"}) {
+        Desk desk;
+        desk.Open();
+        desk.files.Put(path, "text");
+        desk.prompts.Expect(Answer::ok);
+        EXPECT_FALSE(desk.document.FOpen(path));
+        EXPECT_EQ(desk.prompts.Take(),
+                  (Shown{"Cannot open: \"" + path + "\"\n\nInvalid file extension!",
+                         PromptIcon::exclamation, PromptButtons::ok}));
+        EXPECT_EQ(desk.events.Take(), Log{std::string("leaving ") + kStart});
+        EXPECT_EQ(desk.State(), kClean);
+    }
+}
+
+TEST(MenuDocument, OffersToCreateAMenuThatDoesNotExist)
+{
+    const std::string path = "C:\\Menus\\New\\My.nvm";
+    const Shown question{"File " + path +
+                             " does not exist.\n\nWould you like to create a new menu?",
+                         PromptIcon::exclamation, PromptButtons::yesNo};
+    for (const Answer answer : {Answer::no, Answer::cancel}) {
+        Desk desk;
+        desk.Open();
+        desk.prompts.Expect(answer);
+        EXPECT_FALSE(desk.document.FOpen(path));
+        EXPECT_EQ(desk.prompts.Take(), question);
+        EXPECT_EQ(desk.files.Contents(path), "(none)");
+        EXPECT_EQ(desk.State(), kClean);
+    }
+    Desk desk;
+    desk.prompts.Expect(Answer::yes);
+    EXPECT_TRUE(desk.document.FOpen(path));
+    EXPECT_EQ(desk.files.madeFolders, (std::vector<std::string>{"C:\\Menus", "C:\\Menus\\New"}));
+    EXPECT_EQ(desk.files.Contents(path), "");
+    EXPECT_EQ(desk.State(), path + " 0");
+    EXPECT_EQ(desk.events.Take()[1], "title My.nvm");
+}
+
+TEST(MenuDocument, CreatesAMenuOverAnotherOnlyWhenAsked)
+{
+    const Shown question{std::string("File: ") + kOther +
+                             " already exists.\n\nDo you want overwrite this file?",
+                         PromptIcon::exclamation, PromptButtons::yesNo};
+    const Shown failed{"New Menu Could Not Be Created!", PromptIcon::exclamation,
+                       PromptButtons::ok};
+    Desk desk;
+    for (const Answer answer : {Answer::no, Answer::cancel}) {
+        desk.prompts.Expect(answer);
+        EXPECT_FALSE(desk.document.CreateNewMenuFile(kOther));
+        EXPECT_EQ(desk.prompts.Take(), question);
+        EXPECT_EQ(desk.files.Contents(kOther), "other\r\n");
+    }
+    desk.prompts.Expect(Answer::yes);
+    EXPECT_TRUE(desk.document.CreateNewMenuFile(kOther));
+    EXPECT_EQ(desk.files.Contents(kOther), "");
+
+    // A folder of that name, and a disk that reports its failure only when the file is closed.
+    desk.files.Find(kOther)->folder = true;
+    desk.prompts.shown.clear();
+    desk.prompts.Expect(Answer::ok);
+    EXPECT_FALSE(desk.document.CreateNewMenuFile(kOther));
+    EXPECT_EQ(desk.prompts.Take(), failed);
+    desk.files.failAt = desk.files.operations + 3;
+    desk.prompts.Expect(Answer::ok);
+    EXPECT_FALSE(desk.document.CreateNewMenuFile("C:\\Menus\\New.nvm"));
+    EXPECT_EQ(desk.prompts.Take(), failed);
+}
+
+TEST(MenuDocument, KeepsTheOldMenuWhenTheNewOneCannotBeOpened)
+{
+    Desk desk;
+    desk.Open(true);
+    desk.files.refuseOpen[kOther] = kSharingViolation;
+    desk.prompts.Expect(Answer::no);
+    desk.prompts.Expect(Answer::ok);
+    EXPECT_FALSE(desk.document.FOpen(kOther));
+    EXPECT_EQ(desk.prompts.shown.back(),
+              Stop(std::string("Cannot open:\n\n") + kOther + "\n\n<32>"));
+    EXPECT_EQ(desk.events.Take(), Log{std::string("leaving ") + kStart});
+    EXPECT_EQ(desk.State(), kChanged);
+}
+
+// A part of a menu must not be left where a save would write it over the whole one.
+TEST(MenuDocument, IsNoDocumentAfterALoadThatStopped)
+{
+    const Log emptied = {"cleared", "title Other.nvm", "cleared", "file "};
+    {
+        Desk desk;
+        desk.Open(true);
+        desk.files.readPiece = 2;
+        desk.files.failAt = 4; // opening, two readings, the failing one
+        desk.prompts.Expect(Answer::ok);
+        desk.prompts.whileShown = [&desk] { EXPECT_EQ(desk.State(), kNoDocument); };
+        EXPECT_FALSE(desk.document.OpenPDM(kOther));
+        EXPECT_EQ(desk.prompts.Take(),
+                  Stop(std::string("Cannot open:\n\n") + kOther + "\n\n<1117>"));
+        EXPECT_EQ(desk.events.Take(), emptied);
+        EXPECT_EQ(desk.State(), kNoDocument);
+    }
+    Desk desk;
+    desk.Open(true);
+    desk.pump.endAt = 1;
+    EXPECT_FALSE(desk.document.OpenPDM(kOther)); // and nothing is shown
+    EXPECT_EQ(desk.events.Take(), emptied);
+    EXPECT_EQ(desk.State(), kNoDocument);
+    EXPECT_EQ(desk.settings.Text("Settings", "Last"), kStart);
+    desk.document.SaveMenu();
+    EXPECT_EQ(desk.files.Contents(kOther), "other\r\n");
+}
+
+TEST(MenuDocument, IsWholeWhenOnlyItsShowingWasEnded)
+{
+    Desk desk;
+    desk.Open(true);
+    desk.events.showToTheEnd = false;
+    EXPECT_FALSE(desk.document.OpenPDM(kOther));
+    EXPECT_EQ(desk.State(), std::string(kOther) + " 1");
+    EXPECT_EQ(desk.settings.Text("Settings", "Last"), kStart);
+}
+
+TEST(MenuDocument, NeitherSavesNorOpensWhileItLoads)
+{
+    Desk desk;
+    desk.Open(true);
+    int tries = 0;
+    const auto meddle = [&] {
+        ++tries;
+        EXPECT_TRUE(desk.document.Loading());
+        EXPECT_FALSE(desk.document.SavePDM(kStart));
+        desk.document.SaveMenu();
+        EXPECT_FALSE(desk.document.FOpen(kStart));
+        EXPECT_FALSE(desk.document.OpenPDM(kStart));
+        EXPECT_TRUE(desk.document.MayClose()); // asks nothing: the changes were asked about
+    };
+    desk.pump.whileThen = meddle;
+    desk.events.onRebuilt = meddle;
+    EXPECT_TRUE(desk.document.OpenPDM(kOther));
+    EXPECT_EQ(tries, 2);
+    EXPECT_EQ(desk.State(), std::string(kOther) + " 1");
+    EXPECT_EQ(desk.files.Contents(kStart), "one\r\ntwo\r\nthree\r\n");
+    EXPECT_EQ(desk.files.Contents(kOther), "other\r\n");
+}
+
+TEST(MenuDocument, IsWrittenInTheFilesForm)
+{
+    const std::string empty = EncodeLine(MenuItem{ItemType::vNotVisible, "", "", kDefaultFont, 0});
+    const std::pair<std::string, std::string> cases[] = {
+        {"a\r\nb", "a\x01"
+                   "b"},
+        {"a\nb\rc\r\n", "a\x01"
+                        "b\x01"
+                        "c\x01"},
+        {"\n\r\r\n\r", "\x01\x01\x01\x01"},
+        {"end\x1Aof file", "end\x01of file"},
+        {"tab\tand\x02others", "tab\tand\x02others"},
+        {"", empty},
+    };
+    Desk desk;
+    desk.Open();
+    std::string expected;
+    desk.document.Lines().Clear();
+    for (const auto& [line, form] : cases) {
+        desk.document.Lines().Append(line);
+        expected += form + "\r\n";
+    }
+    EXPECT_TRUE(desk.document.SavePDM(kOther));
+    EXPECT_EQ(desk.files.Contents(kOther), expected);
+    EXPECT_EQ(desk.document.FFile(), kOther);
+    EXPECT_EQ(desk.events.Take(), (Log{"title Other.nvm", std::string("file ") + kOther}));
+
+    // What was written reads back with line breaks, and is written the same again.
+    EXPECT_TRUE(desk.document.OpenPDM(kOther));
+    EXPECT_EQ(desk.document.Lines()[1], "a\r\nb\r\nc\r\n");
+    EXPECT_TRUE(desk.document.SavePDM(kOther));
+    EXPECT_EQ(desk.files.Contents(kOther), expected);
+
+    desk.document.Lines().Clear();
+    EXPECT_TRUE(desk.document.SavePDM(kOther));
+    EXPECT_EQ(desk.files.Contents(kOther), "");
+}
+
+// Every operation of a save fails once: the file, the message and the flags fit together.
+TEST(MenuDocument, ReportsEveryFailedSaveAndStaysChanged)
+{
+    int failures = 0;
+    for (int operation = 1;; ++operation) {
+        Desk desk;
+        desk.Open(true);
+        desk.document.Lines().Set(0, "edited");
+        desk.files.failAt = operation;
+        // The box may or may not come: what it leaves behind tells.
+        desk.prompts.Expect(Answer::ok);
+        const bool saved = desk.document.SavePDM(kStart);
+        if (saved) {
+            EXPECT_EQ(desk.State(), kClean) << operation;
+            EXPECT_EQ(desk.files.Contents(kStart), "edited\r\ntwo\r\nthree\r\n") << operation;
+            EXPECT_TRUE(desk.prompts.shown.empty()) << operation;
+            desk.prompts.Ask("", PromptIcon::none, PromptButtons::ok); // uses the answer up
+        } else {
+            ++failures;
+            EXPECT_EQ(desk.State(), kChanged) << operation;
+            EXPECT_EQ(desk.files.Contents(kStart), "one\r\ntwo\r\nthree\r\n") << operation;
+            EXPECT_EQ(desk.prompts.Take(),
+                      Stop(std::string("Cannot save:\n\n") + kStart + "\n\n<1117>"));
+        }
+        if (desk.files.operations < operation) {
+            break;
+        }
+    }
+    EXPECT_GE(failures, 4); // probing, writing, flushing, closing or replacing
+}
+
+TEST(MenuDocument, ShowsNoTitleForAFileThatCannotBeWritten)
+{
+    Desk desk;
+    desk.Open(true);
+    desk.files.Find(kOther)->readOnly = true;
+    desk.prompts.Expect(Answer::ok);
+    EXPECT_FALSE(desk.document.SavePDM(kOther));
+    EXPECT_EQ(desk.prompts.Take(), Stop(std::string("Cannot save:\n\n") + kOther + "\n\n<5>"));
+    EXPECT_EQ(desk.events.Take(), Log());
+    EXPECT_EQ(desk.State(), kChanged);
+}
+
+TEST(MenuDocument, AsksBeforeTheProgramEnds)
+{
+    struct Case {
+        bool changed;
+        Answer answer;
+        bool fails;
+        bool closes;
+    };
+    const Case cases[] = {{true, Answer::yes, false, true},
+                          {true, Answer::yes, true, false},
+                          {true, Answer::no, false, true},
+                          {true, Answer::cancel, false, false},
+                          {false, Answer::cancel, false, true}};
+    for (const Case& c : cases) {
+        Desk desk;
+        desk.Open(true);
+        desk.document.SetMCh(c.changed); // here the mark counts, not the unsaved-changes flag
+        desk.files.failAt = c.fails ? 1 : 0;
+        if (c.changed) {
+            desk.prompts.Expect(c.answer);
+        }
+        if (c.fails) {
+            desk.prompts.Expect(Answer::ok);
+        }
+        EXPECT_EQ(desk.document.MayClose(), c.closes);
+        if (c.changed) {
+            EXPECT_EQ(desk.prompts.shown.front(), SaveQuestion(kStart));
+        }
+    }
+    Desk desk; // without a file the changes have nowhere to go
+    desk.document.SetMCh(true);
+    desk.prompts.Expect(Answer::yes);
+    EXPECT_TRUE(desk.document.MayClose());
+}
+
+TEST(MenuDocument, SavesAndSetsHomeOnlyWithAFile)
+{
+    Desk desk;
+    desk.document.SaveMenu();
+    desk.document.SetThisMenuAsHomeMenu();
+    EXPECT_EQ(desk.files.operations, 0);
+    EXPECT_EQ(desk.settings.writes, 0);
+    EXPECT_EQ(desk.events.Take(), Log());
+
+    desk.Open(true);
+    desk.document.Lines().Set(2, "3");
+    desk.document.SaveMenu();
+    EXPECT_EQ(desk.files.Contents(kStart), "one\r\ntwo\r\n3\r\n");
+    EXPECT_EQ(desk.State(), kClean);
+    desk.events.Take();
+    desk.document.SetThisMenuAsHomeMenu();
+    EXPECT_EQ(desk.settings.Text("Settings", "Home"), kStart);
+    EXPECT_EQ(desk.document.Home(), kStart);
+    EXPECT_EQ(desk.events.Take(), Log{std::string("home ") + kStart});
+}
+
+} // namespace
+} // namespace nv

@@ -1,0 +1,212 @@
+#include "docs/safe_save.h"
+#include "fakes/fake_files.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace nv
+{
+namespace
+{
+
+const char kPath[] = "C:\\Menus\\Start.nvm";
+const char kTemporary[] = "C:\\Menus\\Start.nvm.tmp";
+const std::string kOld = "the old menu\r\n";
+const std::string kNew = "the new menu, which is longer than the old one\r\n";
+
+SystemError Save(FakeFiles& files, const std::string& contents = kNew)
+{
+    SafeSave save(files, kPath);
+    const SystemError error = save.Begin();
+    return error != 0 ? error : save.Finish(contents);
+}
+
+// The worlds in which a save has to work, each with its own way to write.
+struct World {
+    const char* name;
+    std::function<void(FakeFiles&)> make;
+    std::string before; // what stands under the name
+    bool inPlace;       // a power cut may then find the file half written
+};
+
+std::vector<World> Worlds()
+{
+    const auto old = [](FakeFiles& files) { files.Put(kPath, kOld); };
+    return {
+        {"a file", old, kOld, false},
+        {"no file", [](FakeFiles&) {}, "(none)", false},
+        {"no new files in the folder",
+         [old](FakeFiles& files) {
+             old(files);
+             files.refuseNew = kAccessDenied;
+         },
+         kOld, true},
+        {"a path too long for a temporary",
+         [old](FakeFiles& files) {
+             old(files);
+             files.refuseNew = 206;
+         },
+         kOld, true},
+        {"no replacing in the folder",
+         [old](FakeFiles& files) {
+             old(files);
+             files.refuseReplace = kAccessDenied;
+         },
+         kOld, true},
+    };
+}
+
+TEST(SafeSave, WritesAllAndLeavesNothingBeside)
+{
+    for (const World& world : Worlds()) {
+        for (const std::string& contents : {kNew, std::string("short"), std::string()}) {
+            FakeFiles files;
+            world.make(files);
+            EXPECT_EQ(Save(files, contents), 0u) << world.name;
+            EXPECT_EQ(files.Contents(kPath), contents) << world.name;
+            EXPECT_EQ(files.Count(), 1u) << world.name;
+            files.CutPower();
+            EXPECT_EQ(files.Contents(kPath), contents) << world.name << ": not flushed";
+        }
+    }
+}
+
+TEST(SafeSave, LeavesTheOldOrTheNewFileWhicheverOperationFails)
+{
+    for (const World& world : Worlds()) {
+        for (int operation = 1;; ++operation) {
+            FakeFiles files;
+            world.make(files);
+            files.failAt = operation;
+            const SystemError error = Save(files);
+            if (files.operations < operation) {
+                EXPECT_GT(operation, 5) << "the loop tried nothing";
+                break;
+            }
+            const std::string after = files.Contents(kPath);
+            const std::string where = std::string(world.name) + ", " + std::to_string(operation);
+            EXPECT_TRUE(after == kNew || (error != 0 && after == world.before)) << where << after;
+        }
+    }
+}
+
+TEST(SafeSave, LeavesTheOldOrTheNewFileWhereverTheProgramDies)
+{
+    for (const World& world : Worlds()) {
+        bool died = true;
+        for (int operation = 1; died; ++operation) {
+            FakeFiles files;
+            world.make(files);
+            files.killAt = operation;
+            died = false;
+            try {
+                Save(files);
+            } catch (const Killed&) {
+                died = true;
+            }
+            const std::string where = std::string(world.name) + ", " + std::to_string(operation);
+            if (!world.inPlace) {
+                const std::string after = files.Contents(kPath);
+                EXPECT_TRUE(after == world.before || after == kNew) << where << after;
+                files.CutPower();
+                const std::string later = files.Contents(kPath);
+                EXPECT_TRUE(later == world.before || later == kNew) << where << later;
+            }
+            EXPECT_TRUE(files.List("C:\\Menus\\*.nvm", 9).size() <= 1) << where;
+        }
+    }
+}
+
+// What stands in a half-written file and beside it is enough to get the new menu back.
+TEST(SafeSave, KeepsTheNewFileBesideWhileItWritesInPlace)
+{
+    FakeFiles files;
+    files.Put(kPath, kOld);
+    files.refuseReplace = kAccessDenied;
+    Save(files);
+    const int last = files.operations;
+    for (int operation = 1; operation < last; ++operation) {
+        FakeFiles dying;
+        dying.Put(kPath, kOld);
+        dying.refuseReplace = kAccessDenied;
+        dying.killAt = operation;
+        EXPECT_THROW(Save(dying), Killed);
+        dying.CutPower();
+        EXPECT_TRUE(dying.Contents(kPath) == kOld || dying.Contents(kTemporary) == kNew)
+            << operation;
+    }
+}
+
+TEST(SafeSave, LeavesTheOldFileWhenTheDiskIsFull)
+{
+    for (const World& world : Worlds()) {
+        for (std::size_t room = 0; room <= 2 * kNew.size(); ++room) {
+            FakeFiles files;
+            world.make(files);
+            files.room = room;
+            const SystemError error = Save(files);
+            const std::string expected = error == 0 ? kNew : world.before;
+            EXPECT_EQ(files.Contents(kPath), expected) << world.name << ", " << room;
+            EXPECT_TRUE(error == 0 || room < 2 * kNew.size()) << world.name;
+            EXPECT_EQ(files.Count(), expected == "(none)" ? 0u : 1u) << world.name;
+        }
+    }
+}
+
+TEST(SafeSave, RefusesWhatCannotBeWrittenBeforeTouchingIt)
+{
+    struct Case {
+        const char* name;
+        std::function<void(FakeFiles&)> make;
+        SystemError error;
+    };
+    const Case cases[] = {
+        {"read-only", [](FakeFiles& files) { files.Find(kPath)->readOnly = true; }, kAccessDenied},
+        {"a folder", [](FakeFiles& files) { files.Find(kPath)->folder = true; }, kAccessDenied},
+        {"open elsewhere", [](FakeFiles& files) { files.refuseOpen[kPath] = kSharingViolation; },
+         kSharingViolation},
+    };
+    for (const Case& c : cases) {
+        FakeFiles files;
+        files.Put(kPath, kOld);
+        c.make(files);
+        SafeSave save(files, kPath);
+        EXPECT_EQ(save.Begin(), c.error) << c.name;
+        EXPECT_EQ(files.Contents(kPath), kOld) << c.name;
+        EXPECT_EQ(files.Count(), 1u) << c.name;
+    }
+    FakeFiles files; // a drive that is not there
+    files.refuseNew = 3;
+    EXPECT_EQ(SafeSave(files, kPath).Begin(), 3u);
+}
+
+TEST(SafeSave, LeavesTemporariesOfOthersAlone)
+{
+    FakeFiles files;
+    files.Put(kPath, kOld);
+    files.Put(kTemporary, "somebody's");
+    EXPECT_EQ(Save(files), 0u);
+    EXPECT_EQ(files.Contents(kPath), kNew);
+    EXPECT_EQ(files.Contents(kTemporary), "somebody's");
+    EXPECT_EQ(files.Count(), 2u);
+    for (int number = 2; number <= 20; ++number) { // every name is taken
+        files.Put(std::string(kPath) + "." + std::to_string(number) + ".tmp", "somebody's");
+    }
+    EXPECT_EQ(Save(files, "written in place"), 0u);
+    EXPECT_EQ(files.Contents(kPath), "written in place");
+}
+
+TEST(SafeSave, RemovesTheTemporaryOfASaveThatWasGivenUp)
+{
+    FakeFiles files;
+    files.Put(kPath, kOld);
+    {
+        SafeSave save(files, kPath);
+        EXPECT_EQ(save.Begin(), 0u);
+        EXPECT_EQ(files.Count(), 2u);
+    }
+    EXPECT_EQ(files.Count(), 1u);
+}
+
+} // namespace
+} // namespace nv
