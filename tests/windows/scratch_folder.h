@@ -1,0 +1,55 @@
+#pragma once
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace nv
+{
+
+// A folder of the test's own below the system's temporary folder; gone with all in it afterwards.
+class ScratchFolder
+{
+public:
+    ScratchFolder()
+    {
+        char temporary[MAX_PATH] = {};
+        char name[MAX_PATH] = {};
+        GetTempPathA(MAX_PATH, temporary);
+        EXPECT_NE(GetTempFileNameA(temporary, "nvt", 0, name), 0u);
+        path_ = name;
+        DeleteFileA(name);
+        EXPECT_TRUE(CreateDirectoryA(name, nullptr));
+    }
+    ~ScratchFolder() { RemoveAll(path_); }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    const std::string& Path() const { return path_; }
+    std::string operator/(const std::string& name) const { return path_ + "\\" + name; }
+
+private:
+    static void RemoveAll(const std::string& folder)
+    {
+        WIN32_FIND_DATAA found = {};
+        const HANDLE search = FindFirstFileA((folder + "\\*").c_str(), &found);
+        for (BOOL more = search != INVALID_HANDLE_VALUE; more;
+             more = FindNextFileA(search, &found)) {
+            const std::string name = found.cFileName;
+            const std::string path = folder + "\\" + name;
+            if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+                SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+                DeleteFileA(path.c_str());
+            } else if (name != "." && name != "..") {
+                RemoveAll(path);
+            }
+        }
+        FindClose(search);
+        RemoveDirectoryA(folder.c_str());
+    }
+
+    std::string path_;
+};
+
+} // namespace nv
