@@ -38,7 +38,7 @@ void KelButtonWindow::MoveTo(const TwipRect& area)
     button_.Resize({area.width, area.height});
 }
 
-std::optional<LRESULT> KelButtonWindow::Route(UINT message, WPARAM wParam, LPARAM)
+std::optional<LRESULT> KelButtonWindow::Route(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_PAINT:
@@ -69,7 +69,10 @@ std::optional<LRESULT> KelButtonWindow::Route(UINT message, WPARAM wParam, LPARA
         return wParam == VK_RETURN ? DLGC_BUTTON | DLGC_WANTMESSAGE : DLGC_BUTTON;
     case WM_KEYDOWN:
     case WM_KEYUP:
-        OnKey(wParam, message == WM_KEYDOWN);
+        // A key that is held presses once.
+        if (message == WM_KEYUP || (HIWORD(lParam) & KF_REPEAT) == 0) {
+            OnKey(wParam, message == WM_KEYDOWN);
+        }
         return 0;
     case WM_SETFOCUS:
         SetLook({look_.hover, false, true});

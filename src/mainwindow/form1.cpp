@@ -189,10 +189,12 @@ void Form1::WhenFree(Job job)
         job();
         job = std::exchange(next_, nullptr);
         if (Handle() == nullptr) {
-            break;
+            return; // the job was the end of the program
         }
     }
     busy_ = false;
+    view_.Pane().SetEmptyText(document_.FFile().empty() ? "No menu is open."
+                                                        : "This menu has no entries to show.");
 }
 
 void Form1::Run(Command command)
@@ -306,7 +308,6 @@ bool Form1::LinesRebuilt()
         return false;
     }
     OnSize();
-    view_.Pane().SetEmptyText("This menu has no entries to show.");
     return true;
 }
 

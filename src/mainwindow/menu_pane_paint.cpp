@@ -124,7 +124,9 @@ bool MenuPane::FindNextPicture(WindowHandle owner)
         pictures_.Find(owner, command);
         findingPicture_ = false;
         if (generation == generation_) {
-            visuals_.clear(); // more than one link in view may have the same command
+            std::erase_if(visuals_, [&command](const auto& entry) {
+                return entry.second.item.link == command; // of more than one link, perhaps
+            });
             RedrawAll();
         }
         return true;

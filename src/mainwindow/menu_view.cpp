@@ -106,7 +106,8 @@ std::optional<LRESULT> MenuView::Route(UINT message, WPARAM wParam, LPARAM lPara
     case WM_GETDLGCODE:
         return DLGC_WANTALLKEYS;
     case WM_KEYDOWN:
-        return OnKey(wParam) ? std::optional<LRESULT>(0) : std::nullopt;
+        return OnKey(wParam, (HIWORD(lParam) & KF_REPEAT) != 0) ? std::optional<LRESULT>(0)
+                                                                : std::nullopt;
     case WM_SETFOCUS:
         OnSetFocus();
         return 0;
@@ -256,7 +257,7 @@ void MenuView::OnMouseMove(LPARAM lParam)
     pane_.MouseMove(PointOf(lParam, text_.Scale()));
 }
 
-bool MenuView::OnKey(WPARAM key)
+bool MenuView::OnKey(WPARAM key, bool repeated)
 {
     if (Pressed(VK_CONTROL)) {
         return false;
@@ -266,6 +267,9 @@ bool MenuView::OnKey(WPARAM key)
         return true;
     }
     const auto paneKey = PaneKeyOf(key);
+    if (paneKey == PaneKey::press && repeated) {
+        return true; // a key that is held starts one program, not twenty
+    }
     return paneKey && pane_.Key(*paneKey);
 }
 
@@ -331,8 +335,12 @@ void MenuView::Synchronize()
     }
 }
 
+// Without a window the platform would take these calls for all windows, or for the whole thread.
 void MenuView::Redraw(const TwipRect& area)
 {
+    if (Handle() == nullptr) {
+        return;
+    }
     const RECT pixels = ToPixels(area, text_.Scale());
     InvalidateRect(Handle(), &pixels, FALSE);
 }
@@ -352,7 +360,7 @@ void MenuView::TakeFocus()
 
 void MenuView::SetTicking(bool ticking)
 {
-    if (ticking) {
+    if (ticking && Handle() != nullptr) {
         SetTimer(Handle(), kTypingTimer, kTypingInterval, nullptr);
     } else {
         KillTimer(Handle(), kTypingTimer);

@@ -35,7 +35,7 @@ private:
     void OnWheel(short delta);
     void OnTimer(UINT_PTR timer);
     void OnMouseMove(LPARAM lParam);
-    bool OnKey(WPARAM key);
+    bool OnKey(WPARAM key, bool repeated);
     void OnTab();
     void OnSetFocus();
     LRESULT OnNotify(LPARAM lParam);

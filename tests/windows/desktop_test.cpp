@@ -174,6 +174,8 @@ TEST(KelButtonWindow, IsPressedByMouseAndKeys)
     send(WM_KEYDOWN, VK_RETURN);
     EXPECT_EQ(clicks, 3);
     send(WM_KEYDOWN, 'A');
+    SendMessageA(window.Handle(), WM_KEYDOWN, VK_RETURN, LPARAM{KF_REPEAT} << 16); // still held
+    EXPECT_EQ(clicks, 3);
     window.Button().SetEnabledM(false);
     window.Refresh();
     EXPECT_FALSE(IsWindowEnabled(window.Handle()));
