@@ -355,7 +355,10 @@ void MenuView::ColumnChanged()
 
 void MenuView::TakeFocus()
 {
-    SetFocus(Handle());
+    // A wheel turned over a window in the background must not bring it forward.
+    if (GetActiveWindow() == GetAncestor(Handle(), GA_ROOT)) {
+        SetFocus(Handle());
+    }
 }
 
 void MenuView::SetTicking(bool ticking)

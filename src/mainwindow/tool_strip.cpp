@@ -57,6 +57,7 @@ bool ToolStrip::Create(HWND parent, const Font& font)
         top += place.gap;
         areas_[index] = {kGap, top, kWidth - 2 * kGap, kButtonHeight};
         window->MoveTo(areas_[index]);
+        window->Refresh();
         top += kButtonHeight;
     }
     return true;
@@ -65,8 +66,12 @@ bool ToolStrip::Create(HWND parent, const Font& font)
 void ToolStrip::SetFacts(const Facts& facts)
 {
     for (std::size_t index = 0; index < kPlaces.size(); ++index) {
-        buttons_[index]->Button().SetEnabledM(Available(kPlaces[index].command, facts));
-        buttons_[index]->Refresh();
+        KelButton& button = buttons_[index]->Button();
+        const bool available = Available(kPlaces[index].command, facts);
+        if (button.EnabledM() != available) {
+            button.SetEnabledM(available);
+            buttons_[index]->Refresh();
+        }
     }
 }
 
