@@ -2,8 +2,9 @@
 # To be sourced by run.sh and test.sh.
 
 # To build and run the program. googletest: the windows preset configures its tests as well.
+# librsvg2-bin, icoutils: draw the icons.
 # fonts-liberation: stands in for Arial, Courier New and Times New Roman (tools/wine.reg).
-packages_run="cmake ninja-build g++-mingw-w64-x86-64-posix googletest
+packages_run="cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin icoutils
     wine wine64 fonts-wine fonts-liberation xvfb xdotool imagemagick"
 
 # To check and test it.

@@ -1,0 +1,25 @@
+// The numbers of the program's resources. Macros, because the resource compiler reads this as well.
+#pragma once
+
+// The program's own icon: the lowest number, because the shell shows the first icon of a file.
+#define IDI_APP 1
+
+// Picture n of the program's image list Im1, counted from 1, is the icon IDI_PICTURES + n. There is
+// no icon for 15: that place takes the pictures that come from the shell.
+#define IDI_PICTURES 100
+#define IDI_NO_ICON 101
+#define IDI_MENU 102
+#define IDI_BACK 103
+#define IDI_REVERT 104
+#define IDI_HOME 105
+#define IDI_OPTIONS 106
+#define IDI_EDIT 107
+#define IDI_NEW 108
+#define IDI_REMOVE 109
+#define IDI_BROWSE 110
+#define IDI_MOVE_UP 111
+#define IDI_MOVE_DOWN 112
+#define IDI_OPEN 113
+#define IDI_SAVE 114
+#define IDI_HELP 116
+#define IDI_FONT 117
