@@ -3,6 +3,7 @@
 #include "docs/menu_line.h"
 #include "mainwindow/command_line.h"
 #include "mainwindow/link_click.h"
+#include "resource.h"
 #include "system/form_fonts.h"
 #include "win32/screen.h"
 
@@ -14,7 +15,6 @@ namespace nv
 namespace
 {
 
-constexpr int kProgramIcon = 1; // resource
 constexpr double kTitlePoints = 14;
 
 Font TitleFont(Font font)
@@ -26,7 +26,7 @@ Font TitleFont(Font font)
 
 HICON ProgramIcon()
 {
-    return LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kProgramIcon));
+    return LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_APP));
 }
 
 BOOL CALLBACK AddWorkArea(HMONITOR monitor, HDC, LPRECT, LPARAM areas)

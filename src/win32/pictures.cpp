@@ -1,5 +1,7 @@
 #include "win32/pictures.h"
 
+#include "resource.h"
+
 #include <windows.h>
 
 #include <shellapi.h>
@@ -10,8 +12,7 @@ namespace nv
 namespace
 {
 
-constexpr int kFirstPictureId = 100; // resource of picture n: this plus n
-constexpr Twips kIconSize = 240;     // 16 pixels at 96 dots per inch
+constexpr Twips kIconSize = 240; // 16 pixels at 96 dots per inch
 constexpr std::size_t kLongestPath = 259;
 
 } // namespace
@@ -54,7 +55,7 @@ void Pictures::DrawOwn(HDC dc, POINT at, std::int32_t number, bool disabled)
     IconHandle& icon = own_[static_cast<std::size_t>(number)];
     if (!icon) {
         icon.Reset(static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr),
-                                                 MAKEINTRESOURCEA(kFirstPictureId + number),
+                                                 MAKEINTRESOURCEA(IDI_PICTURES + number),
                                                  IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
     }
     // The icon stands in the middle of the picture's square.
