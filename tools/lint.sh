@@ -1,0 +1,69 @@
+#!/bin/bash
+# lint.sh: what no compiler checks. Run it after `cmake --preset windows`, which says which source
+# files are windows and which are rules; programs that are not built yet are left out.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+shopt -s nullglob globstar
+windows_files=build/windows/windows_files.txt
+wrong=0
+
+# complain TITLE <<<FINDINGS: nothing found, nothing said.
+complain() {
+    local findings
+    findings=$(cat)
+    [ -n "$findings" ] || return 0
+    wrong=1
+    printf '%s\n%s\n' "$1:" "$findings" >&2
+}
+
+[ -f $windows_files ] || { echo "lint.sh: please run cmake --preset windows first" >&2; exit 1; }
+
+sources=(src/**/*.cpp src/**/*.h)
+rules=()
+for file in "${sources[@]}"; do
+    grep -qxF "$file" $windows_files || rules+=("$file")
+done
+[ ${#rules[@]} -gt 0 ] || { echo "lint.sh: no rules found in src" >&2; exit 1; }
+
+# A standard header's name is one word; that of any platform has a dot or a slash.
+complain 'Rules that include a platform header (or windows missing in their CMakeLists.txt)' < <(
+    grep -nE '^\s*#\s*include\s*<[^>]*[./][^>]*>' "${rules[@]}")
+complain 'Rules that depend on the platform' < <(
+    grep -nE '^\s*#\s*(if|elif).*\b(_WIN32|_WIN64|WIN32|__MINGW|__linux__)' "${rules[@]}")
+complain 'Rules that include a header of windows' < <(
+    while read -r header; do
+        case $header in
+        src/*.h) grep -nF "#include \"${header#src/}\"" "${rules[@]}" ;;
+        esac
+    done <$windows_files)
+# Half a megabyte each in a static program.
+complain 'Headers that are too big for the program' < <(
+    grep -nE '^\s*#\s*include\s*<(iostream|fstream|sstream|iomanip|filesystem|regex)>' "${sources[@]}")
+
+# One sample line: 3><CAPTION>Notepad</CAPTION> <LINK>notepad.exe</LINK> <FONTNAME>Tahoma ...
+value='[^\x00-\x08\x0a-\x1f]'
+flag='(True|False)'
+line="^[0-5]><CAPTION>($value|\\x01)*</CAPTION> <LINK>$value*</LINK> <FONTNAME>$value+</FONTNAME> \
+<FONTSIZE>[1-9][0-9]*</FONTSIZE> <FONTBOLD>$flag</FONTBOLD> <FONTITALIC>$flag</FONTITALIC> \
+<FONTSTR>$flag</FONTSTR> <FONTUNDER>$flag</FONTUNDER> <FONTCOLOR>-?[0-9]+</FONTCOLOR> \
+<FONTCHAR>[0-9]+</FONTCHAR>\\r\$"
+menus=(menus/**/*.nvm)
+[ ${#menus[@]} -eq 0 ] || complain 'Menu lines that are not as the program would write them' < <(
+    LC_ALL=C grep -HnvP "$line" "${menus[@]}")
+complain 'Links to menus that do not exist' < <(
+    [ ${#menus[@]} -eq 0 ] || LC_ALL=C grep -ohP '(?<=<LINK>)[^<]*\.nvm(?=</LINK>)' "${menus[@]}" |
+        sort -u | while read -r target; do
+            [ -f "menus/${target//\\//}" ] || echo "$target"
+        done)
+# A first start opens the first menu beside the program, whichever that is.
+complain 'Menus beside Start.nvm' < <(
+    for menu in menus/*.nvm; do [ "$menu" = menus/Start.nvm ] || echo "$menu"; done)
+
+system_dlls='kernel32|user32|gdi32|advapi32|shell32|comctl32|comdlg32|ole32|oleaut32|oleacc|msvcrt'
+for program in build/windows{,32}/program/*.exe; do
+    complain "$program needs more than the system has" < <(
+        x86_64-w64-mingw32-objdump -p "$program" | sed -n 's/.*DLL Name: //p' |
+            grep -vixE "($system_dlls)\.dll")
+    complain "$program is too big" < <(find "$program" -size +999999c)
+done
+exit $wrong
