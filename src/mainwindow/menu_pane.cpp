@@ -52,6 +52,7 @@ bool MenuPane::LoadFields(EventPump& pump)
     SC();
     MoveTo(0);
     RedrawAll();
+    FollowMouse();
     return true;
 }
 
@@ -94,6 +95,7 @@ void MenuPane::SetViewSize(TwipSize size)
     }
     SC();
     RedrawAll();
+    FollowMouse();
 }
 
 void MenuPane::SetEmptyText(std::string text)
@@ -127,6 +129,7 @@ void MenuPane::Drag(int value)
         dragged_ = true;
         SC();
         RedrawAll();
+        FollowMouse();
     }
 }
 
@@ -148,6 +151,7 @@ void MenuPane::ValueChanged()
 {
     SC();
     RedrawAll();
+    FollowMouse();
     if (column_.Links().size() >= 2) {
         SetFocusedLink(0);
         host_.TakeFocus();
@@ -169,7 +173,14 @@ std::optional<std::uint32_t> MenuPane::LinkAt(TwipPoint at)
 
 void MenuPane::MouseMove(TwipPoint at)
 {
-    const auto row = LinkAt(at);
+    mouse_ = at;
+    FollowMouse();
+}
+
+// Another link may be under the mouse because it moved, or because the column did.
+void MenuPane::FollowMouse()
+{
+    const auto row = mouse_ ? LinkAt(*mouse_) : std::nullopt;
     if (row != hovered_) {
         RedrawRow(std::exchange(hovered_, row));
         RedrawRow(row);
@@ -179,9 +190,9 @@ void MenuPane::MouseMove(TwipPoint at)
 
 void MenuPane::MouseLeave()
 {
-    RedrawRow(std::exchange(hovered_, std::nullopt));
+    mouse_.reset();
     RedrawRow(std::exchange(pressed_, std::nullopt));
-    host_.HoverChanged();
+    FollowMouse();
 }
 
 void MenuPane::MouseDown(TwipPoint at)

@@ -125,6 +125,7 @@ private:
     // The rows that touch a part of the viewport.
     RowRange RowsBetween(Twips top, Twips bottom) const;
 
+    void FollowMouse();
     void MoveTo(std::int64_t value);
     void ValueChanged();
     void FocusLink(std::size_t link);
@@ -149,8 +150,9 @@ private:
     std::unordered_map<std::uint32_t, Visual> visuals_;
     std::size_t listedItems_ = 0;
     std::uint32_t tick_ = 0;
-    std::uint32_t typingUntil_ = 0; // the tick at which the last title stands whole
-    std::uint32_t generation_ = 0;  // counts the columns: rows of an older one are gone
+    std::uint32_t typingUntil_ = 0;  // the tick at which the last title stands whole
+    std::uint32_t generation_ = 0;   // counts the columns: rows of an older one are gone
+    std::optional<TwipPoint> mouse_; // while it is over the panel
     std::optional<std::uint32_t> hovered_;
     std::optional<std::uint32_t> pressed_;
     std::optional<std::size_t> focusedLink_;

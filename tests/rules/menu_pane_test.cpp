@@ -326,6 +326,18 @@ TEST_F(PaneTest, ScrollingMovesTheFocusToTheFirstLink)
     EXPECT_EQ(focusTaken, 1);
 }
 
+TEST_F(PaneTest, TheHoverStaysUnderTheMouseWhenTheColumnMoves)
+{
+    AddLinks(40); // tops 150, 610, ...
+    ASSERT_TRUE(Load());
+    pane.MouseMove({600, 200});
+    EXPECT_EQ(pane.HoveredTip(), "prog0");
+    pane.ScrollBy(460);
+    EXPECT_EQ(pane.HoveredTip(), "prog1");
+    pane.ScrollBy(340); // between two links
+    EXPECT_EQ(pane.HoveredArea(), std::nullopt);
+}
+
 TEST_F(PaneTest, OneLinkAloneIsNotGivenTheFocusByScrolling)
 {
     AddLinks(1);
