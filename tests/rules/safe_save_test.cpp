@@ -140,7 +140,9 @@ TEST(SafeSave, KeepsTheNewFileBesideWhileItWritesInPlace)
 TEST(SafeSave, LeavesTheOldFileWhenTheDiskIsFull)
 {
     for (const World& world : Worlds()) {
-        for (std::size_t room = 0; room <= 2 * kNew.size(); ++room) {
+        const std::size_t grown = kNew.size() - kOld.size();
+        for (const std::size_t room : {std::size_t{0}, grown - 1, grown, kNew.size() - 1,
+                                       kNew.size(), kNew.size() + grown - 1, 2 * kNew.size()}) {
             FakeFiles files;
             world.make(files);
             files.room = room;
