@@ -3,9 +3,9 @@
 
 # To build and run the program. googletest: the windows preset configures its tests as well.
 # librsvg2-bin, icoutils: draw the icons.
-# fonts-liberation: stands in for Arial, Courier New and Times New Roman (tools/wine.reg).
+# fonts-liberation, fonts-dejavu-core: stand in for faces that Windows has (tools/wine.reg).
 packages_run="cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin icoutils
-    wine wine64 fonts-wine fonts-liberation xvfb xdotool imagemagick"
+    wine wine64 fonts-wine fonts-liberation fonts-dejavu-core xvfb xdotool imagemagick"
 
 # To check and test it.
 packages_test="$packages_run g++ g++-mingw-w64-i686-posix clang-format-14"
