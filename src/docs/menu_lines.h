@@ -27,7 +27,7 @@ public:
     void AppendFromBlock(std::string_view text) { lines_.push_back(text); }
     // Replaces the text of line index (which must exist), copying it.
     void Set(std::size_t index, std::string_view text);
-    // Room for size bytes, uninitialised, that lives until the list is cleared.
+    // Room for size bytes that lives until the list is cleared.
     char* NewBlock(std::size_t size);
 
 private:
