@@ -32,6 +32,8 @@ private:
 
     LONGLONG interval_ = 0; // of the performance counter
     LONGLONG last_ = 0;
+    DWORD lastTick_ = 0;
+    int calls_ = 0; // since the exact clock was read
     bool wanted_ = true;
 };
 
