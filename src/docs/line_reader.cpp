@@ -11,7 +11,7 @@ namespace nv
 namespace
 {
 
-constexpr std::size_t kChunk = 256 * 1024;
+constexpr std::size_t kChunk = std::size_t{256} * 1024;
 constexpr char kStoredBreak = '\x01';
 
 // Reads the file in large pieces straight into the blocks in which the lines then stand. Only the

@@ -88,6 +88,8 @@ bool MenuDocument::FOpen(std::string path)
     return OpenPDM(std::move(path));
 }
 
+// The path is a copy because a load that stops empties FFile(), which it may have been.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 bool MenuDocument::OpenPDM(std::string path)
 {
     if (loading_) {
@@ -195,7 +197,7 @@ bool MenuDocument::OfferToSave()
 
 // The load itself. False with error set when the file could not be read; false and no error when
 // the load was ended.
-bool MenuDocument::Load(std::string path, SystemError& error)
+bool MenuDocument::Load(const std::string& path, SystemError& error)
 {
     const std::unique_ptr<File> file = files_.Open(path, OpenMode::read, error);
     if (file == nullptr) {
@@ -210,18 +212,18 @@ bool MenuDocument::Load(std::string path, SystemError& error)
     }
     // Ignored: all was read.
     static_cast<void>(file->Close());
-    return Show(std::move(path));
+    return Show(path);
 }
 
 // False when the showing was ended. The document is that of the file all the same.
-bool MenuDocument::Show(std::string path)
+bool MenuDocument::Show(const std::string& path)
 {
     SetFFile(path);
     events_.Opened(path);
     const bool shown = events_.LinesRebuilt();
     if (shown) {
         // Ignored: that the next start does not find this menu is not worth a message.
-        static_cast<void>(settings_.SetKeyValue("Settings", "Last", std::move(path)));
+        static_cast<void>(settings_.SetKeyValue("Settings", "Last", path));
     }
     changed_ = false;
     unsaved_ = false;

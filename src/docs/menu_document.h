@@ -91,9 +91,9 @@ public:
 
 private:
     bool OfferToSave();
-    bool Load(std::string path, SystemError& error);
+    bool Load(const std::string& path, SystemError& error);
     bool ReadLines(File& file, SystemError& error);
-    bool Show(std::string path);
+    bool Show(const std::string& path);
     SystemError Write(const std::string& path);
     std::string FileForm() const; // RCrLf's write list, joined as it stands in the file
     void ClearLines();

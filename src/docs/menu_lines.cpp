@@ -7,7 +7,7 @@ namespace nv
 
 namespace
 {
-constexpr std::size_t kSmallBlock = 64 * 1024;
+constexpr std::size_t kSmallBlock = std::size_t{64} * 1024;
 }
 
 void MenuLines::Clear()

@@ -13,7 +13,7 @@ namespace
 
 SystemError ReadAll(File& file, std::string& contents)
 {
-    constexpr std::size_t kLeastRoom = 64 * 1024;
+    constexpr std::size_t kLeastRoom = std::size_t{64} * 1024;
     std::size_t length = 0;
     for (;;) {
         contents.resize(length + std::max(length, kLeastRoom));

@@ -32,7 +32,7 @@ public:
     Shown Take()
     {
         EXPECT_LE(shown.size(), 1u);
-        const Shown last = shown.empty() ? Shown{} : shown.back();
+        Shown last = shown.empty() ? Shown{} : shown.back();
         shown.clear();
         return last;
     }
