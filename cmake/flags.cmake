@@ -5,8 +5,6 @@ target_compile_options(project_flags INTERFACE
   -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual -Wformat=2 -Wundef -Wextra-semi
   -Wimplicit-fallthrough
   $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override>
-  # GCC 12 sees overlaps inside std::string's operator+ that are not there.
-  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
   -fstack-protector-strong)
 # gcc 12 takes std::string's assignment of a literal for an overlapping copy (its bug 105651).
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)

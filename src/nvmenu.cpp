@@ -1,10 +1,8 @@
 // The program: makes the process fit for shell calls, opens the main window and runs its messages.
-#include "docs/paths.h"
 #include "mainwindow/command_line.h"
 #include "mainwindow/form1.h"
 #include "version.h"
 #include "win32/process.h"
-#include "win32/screen.h"
 
 #include <windows.h>
 

@@ -55,6 +55,7 @@ std::optional<LRESULT> KelButtonWindow::Route(UINT message, WPARAM wParam, LPARA
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
     case WM_MBUTTONDOWN:
+        OnMouseMove(); // a press may come first, where a box was closed over the button
         SetLook({true, true, look_.focused});
         SetFocus(Handle());
         button_.Press();
@@ -62,6 +63,7 @@ std::optional<LRESULT> KelButtonWindow::Route(UINT message, WPARAM wParam, LPARA
     case WM_LBUTTONUP:
     case WM_RBUTTONUP:
     case WM_MBUTTONUP:
+        OnMouseMove();
         SetLook({true, false, look_.focused});
         button_.Release();
         return 0;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/ansi_text.h"
+#include "platform/font.h"
+#include "platform/system_colors.h"
 
 #include <cstdint>
 #include <functional>
@@ -9,6 +11,9 @@
 
 namespace nv
 {
+
+// Milliseconds between two characters, unless a container wants another pace.
+inline constexpr std::int16_t kTypingInterval = 25;
 
 // A caption that types itself out: each tick of its timer shows one character more, the first tick
 // none at all, until the whole caption stands.
@@ -20,6 +25,13 @@ public:
     const std::string& Caption() const { return caption_; }
     // Starts the typing from nothing, also when the text is the same.
     void SetCaption(std::string caption);
+    // The timer's interval in milliseconds; a new one counts from the next tick on.
+    std::int16_t Inter() const { return interval_; }
+    void SetInter(std::int16_t milliseconds) { interval_ = milliseconds; }
+    const nv::Font& Font() const { return font_; }
+    void SetFont(const nv::Font& font) { font_ = font; }
+    Color FontColor() const { return fontColor_; }
+    void SetFontColor(Color color) { fontColor_ = color; }
     // Whether the timer is to run.
     bool Typing() const { return typing_; }
     // One tick of the timer.
@@ -38,11 +50,11 @@ public:
 private:
     CodePage codePage_;
     std::string caption_;
+    nv::Font font_;
+    Color fontColor_ = kButtonText;
+    std::int16_t interval_ = kTypingInterval;
     std::uint32_t ticks_ = 0;
     bool typing_ = false;
 };
-
-// Milliseconds between two characters.
-inline constexpr unsigned kTypingInterval = 25;
 
 } // namespace nv

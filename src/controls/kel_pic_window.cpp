@@ -13,11 +13,9 @@ constexpr UINT_PTR kTypingTimer = 1;
 
 } // namespace
 
-KelPicWindow::KelPicWindow(GdiText& text, Pictures& pictures, const CodePage& codePage,
-                           const Font& font)
-    : text_(text), pictures_(pictures), font_(font), pic_(codePage)
+KelPicWindow::KelPicWindow(GdiText& text, Pictures& pictures, const CodePage& codePage)
+    : text_(text), pictures_(pictures), pic_(codePage)
 {
-    pic_.TypingDone = [this] { KillTimer(Handle(), kTypingTimer); };
 }
 
 bool KelPicWindow::Create(HWND parent)
@@ -29,7 +27,7 @@ void KelPicWindow::SetCaption(const std::string& caption)
 {
     SetWindowTextA(Handle(), caption.c_str());
     pic_.SetCaption(caption);
-    SetTimer(Handle(), kTypingTimer, kTypingInterval, nullptr);
+    RunTimer();
 }
 
 std::optional<LRESULT> KelPicWindow::Route(UINT message, WPARAM, LPARAM)
@@ -51,14 +49,25 @@ std::optional<LRESULT> KelPicWindow::Route(UINT message, WPARAM, LPARAM)
 void KelPicWindow::OnTimer()
 {
     pic_.Tick();
+    if (!pic_.Typing()) {
+        KillTimer(Handle(), kTypingTimer);
+    } else if (pic_.Inter() != runningInterval_) {
+        RunTimer();
+    }
     InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void KelPicWindow::RunTimer()
+{
+    runningInterval_ = pic_.Inter();
+    SetTimer(Handle(), kTypingTimer, static_cast<UINT>(runningInterval_), nullptr);
 }
 
 void KelPicWindow::OnPaint()
 {
     PaintBuffered(Handle(), text_, pictures_, [this](Canvas& canvas, const TwipRect& clip) {
         canvas.Fill(clip, kButtonFace);
-        canvas.Text({0, 0}, font_, kButtonText, pic_.Shown());
+        canvas.Text({0, 0}, pic_.Font(), pic_.FontColor(), pic_.Shown());
     });
 }
 

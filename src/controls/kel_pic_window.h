@@ -13,9 +13,11 @@ class KelPicWindow final : public Window
 {
 public:
     // Both must outlive the window.
-    KelPicWindow(GdiText& text, Pictures& pictures, const CodePage& codePage, const Font& font);
+    KelPicWindow(GdiText& text, Pictures& pictures, const CodePage& codePage);
 
     bool Create(HWND parent);
+    // What it shows; its caption is set here, so that its timer runs.
+    KelPic& Pic() { return pic_; }
     void SetCaption(const std::string& caption);
 
 protected:
@@ -24,11 +26,12 @@ protected:
 private:
     void OnPaint();
     void OnTimer();
+    void RunTimer();
 
     GdiText& text_;
     Pictures& pictures_;
-    Font font_;
     KelPic pic_;
+    std::int16_t runningInterval_ = 0; // milliseconds of the timer as it was last set
 };
 
 } // namespace nv

@@ -123,6 +123,8 @@ bool MenuDocument::SavePDM(const std::string& path)
 bool MenuDocument::CreateNewMenuFile(const std::string& path)
 {
     MakeFolders(files_, SplitPath(path, codePage_).folder, codePage_);
+    // A file that the listing did not show, but that is there, was not asked about: it stays.
+    OpenMode mode = OpenMode::createNew;
     if (FileExists(files_, path)) {
         const Answer answer = prompts_.Ask("File: " + path +
                                                " already exists.\n\n"
@@ -131,9 +133,10 @@ bool MenuDocument::CreateNewMenuFile(const std::string& path)
         if (answer != Answer::yes) {
             return false;
         }
+        mode = OpenMode::overwrite;
     }
     SystemError error = 0;
-    const std::unique_ptr<File> file = files_.Open(path, OpenMode::overwrite, error);
+    const std::unique_ptr<File> file = files_.Open(path, mode, error);
     if (file == nullptr || file->Close() != 0) {
         prompts_.Ask("New Menu Could Not Be Created!", PromptIcon::exclamation, PromptButtons::ok);
         return false;

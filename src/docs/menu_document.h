@@ -54,9 +54,8 @@ public:
     // document is then empty and has no file, so that no save can put the remains over a menu. May
     // re-enter; must not be called while Loading().
     bool OpenPDM(std::string path);
-    // Writes the lines to path; false after telling the user why it could not. The old file or the
-    // new one stands whole under its name whatever happens. Does nothing but return false while
-    // Loading().
+    // Writes the lines to path; false after telling the user why it could not, and the old file
+    // stands. See SafeSave for what it is safe from. Does nothing but return false while Loading().
     bool SavePDM(const std::string& path);
     // Creates an empty Menu file and the folders above it, asking before it overwrites one.
     bool CreateNewMenuFile(const std::string& path);

@@ -30,8 +30,8 @@ void MenuLines::Set(std::size_t index, std::string_view text)
 
 char* MenuLines::NewBlock(std::size_t size)
 {
-    // Filled, because a file is read into it: Wine looks at every page first, and one that was never
-    // written to is then faulted in twice.
+    // Filled, because a file is read into it: Wine looks at every page first, and one that was
+    // never written to is then faulted in twice.
     blocks_.push_back(std::make_unique<char[]>(size));
     return blocks_.back().get();
 }

@@ -96,7 +96,7 @@ SystemError SafeSave::Finish(std::string_view contents)
 // program that died while it saved) are left alone.
 SystemError SafeSave::CreateTemporary()
 {
-    constexpr int kNames = 9;
+    constexpr int kNames = 999;
     SystemError error = 0;
     for (int number = 1; number <= kNames; ++number) {
         std::string name = path_;
@@ -153,7 +153,7 @@ void SafeSave::RemoveTemporary()
 {
     temporary_.reset();
     if (!temporaryPath_.empty()) {
-        // Ignored: a temporary that cannot be removed harms nothing.
+        // Ignored: a temporary that cannot be removed harms no menu.
         static_cast<void>(files_.Remove(temporaryPath_));
         temporaryPath_.clear();
     }

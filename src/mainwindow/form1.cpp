@@ -8,6 +8,7 @@
 #include "win32/screen.h"
 
 #include <algorithm>
+#include <new>
 
 namespace nv
 {
@@ -60,12 +61,13 @@ Form1::Form1(MessagePump& pump, std::string programFolder, const Version& versio
       scale_(PrimaryScreenScale()), formFont_(FormFont()), text_(scale_, ProcessCodePage()),
       pictures_(scale_), shellExe_(shell_, programFolder_), linkPictures_(shellExe_, pictures_),
       document_(files_, prompts_, settings_, pump_, *this, ProcessCodePage(), formFont_),
-      header_(text_, pictures_, ProcessCodePage(), TitleFont(formFont_)),
+      header_(text_, pictures_, ProcessCodePage()),
       strip_(text_, pictures_, [this](Command command) { Run(command); }),
       view_(text_, pictures_, linkPictures_, ProcessCodePage(), document_.Lines(),
             document_.DefaultFont())
 {
     prompts_.SetTitle(title_);
+    header_.Pic().SetFont(TitleFont(formFont_));
     view_.EntryClick = [this](std::uint32_t entry) { OnEntryClick(entry); };
     pump_.Filter = [this](MSG& message) { return FilterMessage(message); };
 }
@@ -186,7 +188,12 @@ void Form1::WhenFree(Job job)
     busy_ = true;
     while (job) {
         pump_.BeginWork();
-        job();
+        try {
+            job();
+        } catch (const std::bad_alloc&) {
+            prompts_.Ask("There is not enough memory for this menu.", PromptIcon::stop,
+                         PromptButtons::ok);
+        }
         job = std::exchange(next_, nullptr);
         if (Handle() == nullptr) {
             return; // the job was the end of the program
@@ -311,9 +318,13 @@ bool Form1::LinesRebuilt()
     return true;
 }
 
-void Form1::FileChanged(const std::string&)
+void Form1::FileChanged(const std::string& path)
 {
     UpdateButtons();
+    if (path.empty()) {
+        SetWindowTextA(Handle(), title_.c_str());
+        header_.SetCaption("");
+    }
 }
 
 void Form1::HomeChanged(const std::string&)

@@ -298,7 +298,7 @@ LRESULT MenuView::OnNotify(LPARAM lParam)
 {
     const auto* header = reinterpret_cast<const NMHDR*>(lParam);
     if (header->hwndFrom == tip_ && header->code == TTN_GETDISPINFOA) {
-        tipText_ = pane_.HoveredTip().substr(0, kLongestTip);
+        tipText_ = ProcessCodePage().FirstCharacters(pane_.HoveredTip(), kLongestTip);
         reinterpret_cast<NMTTDISPINFOA*>(lParam)->lpszText = tipText_.data();
     }
     return 0;

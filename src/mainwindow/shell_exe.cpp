@@ -18,11 +18,13 @@ constexpr std::size_t kAnswerBuffer = 1024;
 constexpr std::size_t kAnswerField = 255;
 // A longer file name is no file's, and the shell does not survive some of them.
 constexpr std::size_t kLongestFile = 259;
+// A process is not given more; some systems start it with what is left after cutting.
+constexpr std::size_t kLongestCommandLine = 32766;
 // Results of the shell up to this one are failures.
 constexpr std::int32_t kLastShellFailure = 32;
 
-// What every process of a link is created with. The size is no real record's, in no build; the
-// system does not look at it.
+// What every process of a link is created with. The size is that of no real record; the system does
+// not look at it.
 constexpr std::uint32_t kStartupSize = 65;
 constexpr std::uint32_t kUseShowWindow = 1;
 constexpr std::uint32_t kFillAttribute = 16;
@@ -220,23 +222,30 @@ void Launch::StartFound(const std::string& document)
 void Launch::StartAsWritten()
 {
     if (info_.mode == LaunchMode::shellStart) {
-        info_.started =
-            info_.plainProgram.size() <= kLongestFile && ShellStart(info_.quotedProgram, "");
+        // Doubled quotes make the program as written longer than its plain form.
+        info_.started = info_.plainProgram.size() <= kLongestFile &&
+                        info_.quotedProgram.size() <= kLongestFile + 2 &&
+                        ShellStart(info_.quotedProgram, "");
     } else if (info_.mode == LaunchMode::processStart) {
         info_.started = ProcessStart(info_.quotedProgram, "");
     }
 }
 
-// The directory is the command line as it stands: no folder, so the program starts in ours.
+// The directory is the command line as it stands, which is hardly ever a folder: the program then
+// starts in ours.
 bool Launch::ShellStart(const std::string& file, const std::string& parameters)
 {
+    // The shell puts quotes around the file, and a blank behind it.
+    if (file.size() + parameters.size() + 3 > kLongestCommandLine) {
+        return false;
+    }
     return shell_.StartByShell({owner_, "open", file, parameters, commandLine_, show_}) >
            kLastShellFailure;
 }
 
 bool Launch::ProcessStart(const std::string& commandLine, const std::string& directory)
 {
-    if (commandLine.empty()) {
+    if (commandLine.empty() || commandLine.size() > kLongestCommandLine) {
         return false;
     }
     ProcessStartRequest request;

@@ -59,7 +59,12 @@ public:
         return ErrorUnless(SetFilePointerEx(handle_.Get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN));
     }
     SystemError Truncate() override { return ErrorUnless(SetEndOfFile(handle_.Get())); }
-    SystemError Flush() override { return ErrorUnless(FlushFileBuffers(handle_.Get())); }
+    SystemError Flush() override
+    {
+        const SystemError error = ErrorUnless(FlushFileBuffers(handle_.Get()));
+        // Some file systems of other makers have no such call; that is no failure to write.
+        return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ? 0 : error;
+    }
 
     SystemError Close() override
     {
@@ -87,7 +92,8 @@ OpenParameters ParametersOf(OpenMode mode)
 {
     switch (mode) {
     case OpenMode::read:
-        return {GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING};
+        return {GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                OPEN_EXISTING};
     case OpenMode::change:
         return {GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING};
     case OpenMode::createNew:
@@ -108,6 +114,11 @@ std::unique_ptr<File> WinFiles::Open(const std::string& path, OpenMode mode, Sys
                                   FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!handle || (mode == OpenMode::overwrite && !SetEndOfFile(handle.Get()))) {
         error = LastError();
+        return nullptr;
+    }
+    // "com1.nvm" may be a serial port, which would be waited for.
+    if (GetFileType(handle.Get()) != FILE_TYPE_DISK) {
+        error = ERROR_INVALID_NAME;
         return nullptr;
     }
     error = 0;

@@ -21,6 +21,24 @@ const char* TextOrNone(const std::string& text)
     return text.empty() ? nullptr : text.c_str();
 }
 
+// A started program inherits the error mode and the search path for DLLs: for the time of the start
+// they are what it would find without us.
+class InheritedDefaults
+{
+public:
+    InheritedDefaults() : errorMode_(SetErrorMode(0)) { SetDllDirectoryA(nullptr); }
+    ~InheritedDefaults()
+    {
+        SetErrorMode(errorMode_);
+        SetDllDirectoryA("");
+    }
+    InheritedDefaults(const InheritedDefaults&) = delete;
+    InheritedDefaults& operator=(const InheritedDefaults&) = delete;
+
+private:
+    UINT errorMode_;
+};
+
 } // namespace
 
 std::int32_t WinShell::FindProgram(const std::string& file, const std::string& directory,
@@ -31,6 +49,7 @@ std::int32_t WinShell::FindProgram(const std::string& file, const std::string& d
 
 std::int32_t WinShell::StartByShell(const ShellStartRequest& request)
 {
+    const InheritedDefaults defaults;
     return ResultOf(ShellExecuteA(reinterpret_cast<HWND>(request.owner), TextOrNone(request.verb),
                                   request.file.c_str(), TextOrNone(request.parameters),
                                   TextOrNone(request.directory), static_cast<int>(request.show)));
@@ -52,6 +71,7 @@ std::int32_t WinShell::StartProcess(const ProcessStartRequest& request)
     startup.dwFlags = request.startupFlags;
     startup.wShowWindow = static_cast<WORD>(request.show);
     PROCESS_INFORMATION process = {};
+    const InheritedDefaults defaults;
     const BOOL started = CreateProcessA(nullptr, commandLine.data(), &ofProcess, &ofThread,
                                         request.inheritHandles, request.creationFlags, nullptr,
                                         TextOrNone(request.directory), &startup, &process);

@@ -63,7 +63,8 @@ TEST(MenuFile, IsReadLineByLine)
     }
 }
 
-// Blocks are a quarter of a megabyte: line ends, stored breaks and long lines across the end of one.
+// Blocks are a quarter of a megabyte: line ends, stored breaks and long lines across the end of
+// one.
 TEST(MenuFile, IsReadOverTheEndsOfBlocks)
 {
     constexpr std::size_t kBlock = std::size_t{256} * 1024;

@@ -329,9 +329,31 @@ TEST(ShellExe, KeepsLongProgramTextFromTheShell)
         EXPECT_EQ(info.plainProgram.substr(0, 260), text);
     }
     EXPECT_EQ(spared.calls, Calls{});
+    // Doubled quotes: short as a name, long as written.
+    EXPECT_FALSE(Launch(spared, '"' + std::string(300, '"') + '"').started);
+    EXPECT_EQ(spared.calls.size(), 1u); // searched, not started
+    spared.calls.clear();
     // A process is still tried: only the shell minds.
     EXPECT_TRUE(Launch(spared, '"' + text + "\" x /NV- C:\\T").started);
     EXPECT_EQ(spared.calls, Calls({Process('"' + text + '"', "", "", 2)}));
+}
+
+TEST(ShellExe, StartsNothingWithCutArguments)
+{
+    struct Case {
+        std::size_t length; // of the arguments
+        const char* ending;
+        bool started;
+    };
+    const Case cases[] = {
+        {32758, "", true}, {32759, "", false}, {32758, "/NVC:\\", true}, {32759, "/NVC:\\", false}};
+    for (const Case& c : cases) {
+        FakeShell shell;
+        shell.answers["a.exe"] = {33, "a.exe"};
+        const std::string arguments = ' ' + std::string(c.length - 1, 'x');
+        EXPECT_EQ(Launch(shell, "a.exe" + arguments + c.ending).started, c.started) << c.length;
+        EXPECT_EQ(shell.calls.size(), c.started ? 2u : 1u) << c.length;
+    }
 }
 
 TEST(ShellExe, SurvivesHostileCommands)
