@@ -47,6 +47,12 @@ void MessagePump::Dispatch(MSG& message)
     }
 }
 
+void MessagePump::BeginWork()
+{
+    wanted_ = true;
+    last_ = Now();
+}
+
 bool MessagePump::LetEventsThrough()
 {
     const DWORD tick = GetTickCount();

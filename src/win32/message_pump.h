@@ -22,8 +22,9 @@ public:
     int Run();
     bool LetEventsThrough() override;
 
-    // A new long work begins; the one that runs is no longer wanted.
-    void BeginWork() { wanted_ = true; }
+    // A new long work begins; the one that runs is no longer wanted. If it turns out to be short,
+    // no events come between.
+    void BeginWork();
     void EndWork() { wanted_ = false; }
 
 private:
