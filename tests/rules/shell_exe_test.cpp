@@ -346,7 +346,7 @@ TEST(ShellExe, StartsNothingWithCutArguments)
         bool started;
     };
     const Case cases[] = {
-        {32758, "", true}, {32759, "", false}, {32758, "/NVC:\\", true}, {32759, "/NVC:\\", false}};
+        {32758, "", true}, {32759, "", false}, {32759, "/NVC:\\", true}, {32760, "/NVC:\\", false}};
     for (const Case& c : cases) {
         FakeShell shell;
         shell.answers["a.exe"] = {33, "a.exe"};
