@@ -4,6 +4,7 @@
 #include "platform/byte_scan.h"
 #include "platform/units.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -28,9 +29,50 @@ enum Tag : std::size_t {
     kTagCount
 };
 
+// "<LINK>" or "</LINK>". Comparing two words, the first and the last eight bytes, takes half the
+// time of a call to memcmp, and a line has twenty marks.
+class Mark
+{
+public:
+    constexpr Mark(const char* text)
+        : text_(text), tailAt_(text_.size() < 8 ? 0 : text_.size() - 8),
+          mask_(text_.size() < 8 ? (1ull << 8 * text_.size()) - 1 : ~0ull),
+          head_(Word(text_.substr(0, 8))), tail_(Word(text_.substr(tailAt_)))
+    {
+    }
+
+    constexpr std::string_view Text() const { return text_; }
+    std::size_t Size() const { return text_.size(); }
+    bool StandsAt(const char* at, const char* end) const
+    {
+        const auto rest = static_cast<std::size_t>(end - at);
+        if (rest < std::max<std::size_t>(text_.size(), 8)) {
+            return std::string_view(at, rest).substr(0, text_.size()) == text_;
+        }
+        return (byte_scan::Load(at) & mask_) == head_ &&
+               (byte_scan::Load(at + tailAt_) & mask_) == tail_;
+    }
+
+private:
+    static constexpr std::uint64_t Word(std::string_view bytes)
+    {
+        std::uint64_t word = 0;
+        for (std::size_t index = 0; index < bytes.size(); ++index) {
+            word |= std::uint64_t{static_cast<unsigned char>(bytes[index])} << 8 * index;
+        }
+        return word;
+    }
+
+    std::string_view text_;
+    std::size_t tailAt_;
+    std::uint64_t mask_; // of the bytes of a mark that is shorter than a word
+    std::uint64_t head_;
+    std::uint64_t tail_;
+};
+
 struct TagText {
-    std::string_view open;
-    std::string_view close;
+    Mark open;
+    Mark close;
 };
 
 constexpr std::array<TagText, kTagCount> kTags = {{
@@ -68,12 +110,6 @@ private:
     std::size_t expected_ = 0; // the tag that follows in a line that a program wrote
 };
 
-bool StandsAt(const char* at, const char* end, std::string_view mark)
-{
-    return static_cast<std::size_t>(end - at) >= mark.size() &&
-           std::memcmp(at, mark.data(), mark.size()) == 0;
-}
-
 TagValues::TagValues(std::string_view line)
 {
     const char* end = line.data() + line.size();
@@ -87,14 +123,17 @@ TagValues::TagValues(std::string_view line)
 const char* TagValues::Take(const char* at, const char* end)
 {
     const bool closing = end - at > 1 && at[1] == '/';
-    const auto take = closing ? &TagValues::TakeClose : &TagValues::TakeOpen;
+    const auto take = [=, this](std::size_t tag) {
+        return closing ? TakeClose(static_cast<Tag>(tag), at, end)
+                       : TakeOpen(static_cast<Tag>(tag), at, end);
+    };
     // Nearly every line has its tags in the one order: a single comparison finds the mark.
-    if (const char* after = (this->*take)(static_cast<Tag>(expected_), at, end)) {
+    if (const char* after = take(expected_)) {
         expected_ = (expected_ + (closing ? 1 : 0)) % kTagCount;
         return after;
     }
     for (std::size_t tag = 0; tag < kTagCount; ++tag) {
-        if (const char* after = (this->*take)(static_cast<Tag>(tag), at, end)) {
+        if (const char* after = take(tag)) {
             return after;
         }
     }
@@ -103,11 +142,11 @@ const char* TagValues::Take(const char* at, const char* end)
 
 const char* TagValues::TakeOpen(Tag tag, const char* at, const char* end)
 {
-    const std::string_view mark = kTags[tag].open;
-    if (!StandsAt(at, end, mark)) {
+    const Mark& mark = kTags[tag].open;
+    if (!mark.StandsAt(at, end)) {
         return nullptr;
     }
-    const char* after = at + mark.size();
+    const char* after = at + mark.Size();
     if (!opened_[tag]) {
         opened_[tag] = true;
         values_[tag] = std::string_view(after, static_cast<std::size_t>(end - after));
@@ -117,8 +156,8 @@ const char* TagValues::TakeOpen(Tag tag, const char* at, const char* end)
 
 const char* TagValues::TakeClose(Tag tag, const char* at, const char* end)
 {
-    const std::string_view mark = kTags[tag].close;
-    if (!StandsAt(at, end, mark)) {
+    const Mark& mark = kTags[tag].close;
+    if (!mark.StandsAt(at, end)) {
         return nullptr;
     }
     if (opened_[tag] && !closed_[tag]) {
@@ -126,7 +165,7 @@ const char* TagValues::TakeClose(Tag tag, const char* at, const char* end)
         ++closedCount_;
         values_[tag] = values_[tag].substr(0, static_cast<std::size_t>(at - values_[tag].data()));
     }
-    return at + mark.size();
+    return at + mark.Size();
 }
 
 // Sets flag when text is a truth value.
@@ -178,7 +217,7 @@ std::string EncodeLine(const MenuItem& item)
     line += '>';
     for (std::size_t tag = 0; tag < kTagCount; ++tag) {
         line.append(tag == 0 ? "" : " ");
-        line.append(kTags[tag].open).append(values[tag]).append(kTags[tag].close);
+        line.append(kTags[tag].open.Text()).append(values[tag]).append(kTags[tag].close.Text());
     }
     return line;
 }
