@@ -136,9 +136,11 @@ void Form1::Place()
     const Twips caption = scale_.TwipsY(GetSystemMetrics(SM_CYCAPTION));
     const Placement place =
         StartPlacement(ReadPlacement(settings_), nonClient, locked_, WorkAreas(), caption);
-    const RECT pixels = ToPixels({place.left, place.top, place.width, place.height}, scale_);
-    SetWindowPos(Handle(), nullptr, pixels.left, pixels.top, pixels.right - pixels.left,
-                 pixels.bottom - pixels.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    // The size is rounded by itself, not with the place: it must not come out a pixel smaller than
+    // the smallest size, which is rounded so too.
+    SetWindowPos(Handle(), nullptr, scale_.PixelsX(place.left), scale_.PixelsY(place.top),
+                 scale_.PixelsX(place.width), scale_.PixelsY(place.height),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Form1::OpenFirstMenu(const std::string& filePart)
