@@ -1,0 +1,483 @@
+#include "e2e/driver.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <thread>
+
+namespace nv::e2e
+{
+
+namespace
+{
+
+constexpr char kMainClass[] = "NavrixForm1";
+constexpr char kBoxClass[] = "#32770";
+constexpr int kBoxText = 0xFFFF;
+constexpr int kBoxIcon = 0x440; // the control ids that the system gives them
+
+std::vector<HWND> ChildrenOf(HWND parent)
+{
+    std::vector<HWND> children;
+    const auto add = [](HWND child, LPARAM list) -> BOOL {
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
+        return TRUE;
+    };
+    EnumChildWindows(parent, add, reinterpret_cast<LPARAM>(&children));
+    return children;
+}
+
+std::string WithoutMnemonic(std::string text)
+{
+    text.erase(std::remove(text.begin(), text.end(), '&'), text.end());
+    return text;
+}
+
+HWND FocusOf(HWND window)
+{
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info) ? info.hwndFocus
+                                                                              : nullptr;
+}
+
+// Icon handles mean nothing in another process: what stands on the screen is compared with each
+// of the system's icons.
+BoxIcon IconOf(HWND control)
+{
+    if (control == nullptr || SendMessageA(control, STM_GETICON, 0, 0) == 0) {
+        return BoxIcon::none;
+    }
+    constexpr int kSize = 32;
+    const Picture shown(control);
+    const std::pair<BoxIcon, LPCSTR> kinds[] = {{BoxIcon::stop, IDI_HAND},
+                                                {BoxIcon::question, IDI_QUESTION},
+                                                {BoxIcon::exclamation, IDI_EXCLAMATION},
+                                                {BoxIcon::information, IDI_ASTERISK}};
+    const HDC screen = GetDC(nullptr);
+    const HDC dc = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, kSize, kSize);
+    const HGDIOBJ old = SelectObject(dc, bitmap);
+    BoxIcon found = BoxIcon::unknown;
+    for (const auto& [kind, name] : kinds) {
+        const RECT all = {0, 0, kSize, kSize};
+        FillRect(dc, &all, GetSysColorBrush(COLOR_BTNFACE));
+        DrawIconEx(dc, 0, 0, LoadIconA(nullptr, name), kSize, kSize, 0, nullptr, DI_NORMAL);
+        int differing = 0;
+        for (int pixel = 0; pixel < kSize * kSize; ++pixel) {
+            const int x = pixel % kSize;
+            const int y = pixel / kSize;
+            differing += shown.At(x, y) != GetPixel(dc, x, y) ? 1 : 0;
+        }
+        if (differing == 0) {
+            found = kind;
+        }
+    }
+    SelectObject(dc, old);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+    ReleaseDC(nullptr, screen);
+    return found;
+}
+
+void Send(INPUT input)
+{
+    SendInput(1, &input, sizeof input);
+}
+
+void SendKey(WORD key, bool down)
+{
+    INPUT input = {};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, MAPVK_VK_TO_VSC));
+    const bool extended = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_DELETE;
+    input.ki.dwFlags =
+        (down ? 0U : DWORD{KEYEVENTF_KEYUP}) | (extended ? DWORD{KEYEVENTF_EXTENDEDKEY} : 0U);
+    Send(input);
+}
+
+// Each event carries its place: between two of them the program may still report a movement of
+// the pointer that lies some time back, and takes the pointer there.
+void SendMouse(POINT at, DWORD flags, DWORD data = 0)
+{
+    constexpr LONG kWhole = 65536; // the width and the height of the screen
+    const LONG width = GetSystemMetrics(SM_CXSCREEN);
+    const LONG height = GetSystemMetrics(SM_CYSCREEN);
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    input.mi.dx = (at.x * kWhole + width - 1) / width;
+    input.mi.dy = (at.y * kWhole + height - 1) / height;
+    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
+    input.mi.mouseData = data;
+    Send(input);
+}
+
+} // namespace
+
+bool Until(const std::function<bool()>& condition, DWORD within)
+{
+    const ULONGLONG start = GetTickCount64();
+    while (!condition()) {
+        if (GetTickCount64() - start > within) {
+            return false;
+        }
+        Sleep(5);
+    }
+    return true;
+}
+
+// A program
+
+Program::Program(const std::string& command, WORD show)
+{
+    job_ = CreateJobObjectA(nullptr, nullptr);
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = show;
+    std::string line = command;
+    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                        nullptr, &startup, &process_)) {
+        throw std::runtime_error("cannot start " + command);
+    }
+    AssignProcessToJobObject(job_, process_.hProcess);
+    ResumeThread(process_.hThread);
+}
+
+Program::~Program()
+{
+    TerminateProcess(process_.hProcess, 99);
+    WaitForSingleObject(process_.hProcess, kDeadline);
+    CloseHandle(process_.hThread);
+    CloseHandle(process_.hProcess);
+    CloseHandle(job_);
+}
+
+bool Program::Running() const
+{
+    return WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT;
+}
+
+std::optional<DWORD> Program::ExitCode(DWORD within) const
+{
+    DWORD code = 0;
+    if (WaitForSingleObject(process_.hProcess, within) != WAIT_OBJECT_0 ||
+        !GetExitCodeProcess(process_.hProcess, &code)) {
+        return std::nullopt;
+    }
+    return code;
+}
+
+std::vector<HWND> Program::TopWindows() const
+{
+    struct Search {
+        DWORD process;
+        std::vector<HWND> found;
+    } search = {process_.dwProcessId, {}};
+    const auto add = [](HWND window, LPARAM parameter) -> BOOL {
+        auto& wanted = *reinterpret_cast<Search*>(parameter);
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        if (process == wanted.process && IsWindowVisible(window)) {
+            wanted.found.push_back(window);
+        }
+        return TRUE;
+    };
+    EnumWindows(add, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+HWND Program::WindowNow() const
+{
+    for (const HWND window : TopWindows()) {
+        if (ClassOf(window) == kMainClass) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+HWND Program::Window()
+{
+    HWND window = nullptr;
+    Until([&] { return (window = WindowNow()) != nullptr || !Running(); });
+    return window;
+}
+
+std::string Program::Title() const
+{
+    return TextOf(WindowNow());
+}
+
+bool Program::WaitForTitle(const std::string& title, DWORD within) const
+{
+    return Until([&] { return Title() == title; }, within);
+}
+
+HWND Program::View()
+{
+    for (const HWND child : ChildrenOf(Window())) {
+        if (ClassOf(child) == "NavrixMenuView") {
+            return child;
+        }
+    }
+    return nullptr;
+}
+
+HWND Program::Button(const std::string& caption)
+{
+    for (const HWND child : ChildrenOf(Window())) {
+        if (ClassOf(child) == "KelButton" && TextOf(child) == caption) {
+            return child;
+        }
+    }
+    return nullptr;
+}
+
+bool Program::Answers(DWORD within) const
+{
+    DWORD_PTR result = 0;
+    const HWND window = WindowNow();
+    return window != nullptr &&
+           SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_NORMAL, within, &result) != 0;
+}
+
+std::string Program::Focus() const
+{
+    const HWND window = WindowNow();
+    const HWND focus = window != nullptr ? FocusOf(window) : nullptr;
+    if (focus == nullptr) {
+        return {};
+    }
+    const std::string className = ClassOf(focus);
+    return className == "KelButton" ? TextOf(focus) : className;
+}
+
+std::optional<Box> Program::BoxNow() const
+{
+    for (const HWND window : TopWindows()) {
+        const HWND text = GetDlgItem(window, kBoxText);
+        if (ClassOf(window) != kBoxClass || text == nullptr) {
+            continue;
+        }
+        Box box;
+        box.window = window;
+        box.title = TextOf(window);
+        box.text = TextOf(text);
+        const HWND focus = FocusOf(window);
+        for (const HWND child : ChildrenOf(window)) {
+            if (ClassOf(child) == "Button" && IsWindowVisible(child)) {
+                box.buttons.push_back(WithoutMnemonic(TextOf(child)));
+                if (child == focus) {
+                    box.defaultButton = box.buttons.back();
+                }
+            }
+        }
+        // Until it has the keyboard the box is still being made.
+        if (!box.defaultButton.empty()) {
+            return box;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<Box> Program::WaitForBox(DWORD within) const
+{
+    std::optional<Box> box;
+    if (!Until([&] { return (box = BoxNow()).has_value() || !Running(); }, within) || !box) {
+        return std::nullopt;
+    }
+    const HWND icon = GetDlgItem(box->window, kBoxIcon);
+    // It may not be painted yet.
+    Until([&] { return (box->icon = IconOf(icon)) != BoxIcon::unknown; }, 2000);
+    return box;
+}
+
+bool Program::Answer(const Box& box, const std::string& button) const
+{
+    for (const HWND child : ChildrenOf(box.window)) {
+        if (ClassOf(child) == "Button" && WithoutMnemonic(TextOf(child)) == button) {
+            Click(CentreOf(child));
+            return Until([&] { return !IsWindow(box.window); });
+        }
+    }
+    return false;
+}
+
+std::optional<DWORD> Program::Close(DWORD within)
+{
+    PostMessageA(WindowNow(), WM_SYSCOMMAND, SC_CLOSE, 0);
+    return ExitCode(within);
+}
+
+std::string Program::OnScreen() const
+{
+    std::string report = Running() ? "the program runs" : "the program has ended with code ";
+    if (!Running()) {
+        return report + std::to_string(ExitCode(0).value_or(0)) + "\n";
+    }
+    report += Answers(1000) ? " and answers\n" : " but does not answer\n";
+    const HWND foreground = GetForegroundWindow();
+    for (const HWND window : TopWindows()) {
+        const RECT place = PlaceOf(window);
+        report += ClassOf(window) + " \"" + TextOf(window) + "\" at " + std::to_string(place.left) +
+                  "," + std::to_string(place.top) + " to " + std::to_string(place.right) + "," +
+                  std::to_string(place.bottom) +
+                  (window == foreground ? ", in the foreground\n" : "\n");
+        for (const HWND child : ChildrenOf(window)) {
+            const std::string text = TextOf(child);
+            if (!text.empty()) {
+                report += "    " + ClassOf(child) + " \"" + text + "\"" +
+                          (IsWindowEnabled(child) ? "\n" : " (disabled)\n");
+            }
+        }
+    }
+    return report + "focus: " + Focus() + "\n";
+}
+
+// Mouse and keyboard
+
+void MoveMouse(POINT at)
+{
+    SendMouse(at, 0);
+}
+
+void PressMouse(POINT at, DWORD button)
+{
+    SendMouse(at, button);
+}
+
+void ReleaseMouse(POINT at, DWORD button)
+{
+    SendMouse(at, button);
+}
+
+void Click(POINT at)
+{
+    PressMouse(at);
+    ReleaseMouse(at);
+}
+
+void TurnWheel(POINT at, int notches)
+{
+    SendMouse(at, MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA));
+}
+
+POINT CentreOf(HWND window)
+{
+    const RECT place = PlaceOf(window);
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+void PressKey(WORD key, std::initializer_list<WORD> held)
+{
+    for (const WORD modifier : held) {
+        SendKey(modifier, true);
+    }
+    SendKey(key, true);
+    SendKey(key, false);
+    for (const WORD modifier : held) {
+        SendKey(modifier, false);
+    }
+}
+
+// The screen
+
+Picture::Picture(HWND window)
+{
+    RECT client = {};
+    GetClientRect(window, &client);
+    width_ = client.right;
+    height_ = client.bottom;
+    pixels_.resize(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_));
+    if (pixels_.empty()) {
+        return;
+    }
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width_;
+    info.bmiHeader.biHeight = -height_; // the top row first
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    POINT origin = {};
+    ClientToScreen(window, &origin);
+    const HDC screen = GetDC(nullptr);
+    const HDC dc = CreateCompatibleDC(screen);
+    void* bits = nullptr;
+    const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    const HGDIOBJ old = SelectObject(dc, bitmap);
+    BitBlt(dc, 0, 0, width_, height_, screen, origin.x, origin.y, SRCCOPY);
+    GdiFlush();
+    std::copy_n(static_cast<const DWORD*>(bits), pixels_.size(), pixels_.begin());
+    SelectObject(dc, old);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+    ReleaseDC(nullptr, screen);
+    for (DWORD& pixel : pixels_) {
+        pixel &= 0xFFFFFF;
+    }
+}
+
+COLORREF Picture::At(int x, int y) const
+{
+    if (x < 0 || y < 0 || x >= width_ || y >= height_) {
+        return CLR_INVALID;
+    }
+    const DWORD pixel = pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
+                                static_cast<std::size_t>(x)];
+    return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
+}
+
+std::optional<POINT> Picture::Find(COLORREF color) const
+{
+    const DWORD wanted =
+        DWORD{GetRValue(color)} << 16 | DWORD{GetGValue(color)} << 8 | DWORD{GetBValue(color)};
+    const auto found = std::find(pixels_.begin(), pixels_.end(), wanted);
+    if (found == pixels_.end()) {
+        return std::nullopt;
+    }
+    const auto index = static_cast<LONG>(found - pixels_.begin());
+    return POINT{index % width_, index / width_};
+}
+
+std::optional<POINT> WaitForColor(HWND window, COLORREF color, DWORD within)
+{
+    std::optional<POINT> found;
+    Until([&] { return (found = Picture(window).Find(color)).has_value(); }, within);
+    if (found) {
+        ClientToScreen(window, &*found);
+    }
+    return found;
+}
+
+std::string TextOf(HWND window)
+{
+    // Of a program that hangs nothing is to be had.
+    char text[4096] = "";
+    DWORD_PTR length = 0;
+    if (window == nullptr ||
+        SendMessageTimeoutA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text),
+                            SMTO_NORMAL, 5000, &length) == 0) {
+        return {};
+    }
+    return text;
+}
+
+std::string ClassOf(HWND window)
+{
+    char name[256] = "";
+    GetClassNameA(window, name, sizeof name);
+    return name;
+}
+
+RECT PlaceOf(HWND window)
+{
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+} // namespace nv::e2e

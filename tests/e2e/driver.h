@@ -1,0 +1,112 @@
+// Drives the built program from outside, as a user would: mouse, keyboard, message boxes, and what
+// stands on the screen. Everything that waits polls up to a deadline; nothing waits a fixed time.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace nv::e2e
+{
+
+constexpr DWORD kDeadline = 10000; // milliseconds; far more than anything takes
+
+// Polls until condition holds; false when it did not in time.
+bool Until(const std::function<bool()>& condition, DWORD within = kDeadline);
+
+enum class BoxIcon { none, stop, question, exclamation, information, unknown };
+
+struct Box {
+    HWND window = nullptr;
+    std::string title;
+    std::string text;
+    std::vector<std::string> buttons; // left to right, without "&"
+    std::string defaultButton;
+    BoxIcon icon = BoxIcon::none;
+};
+
+// One run of a program. Ends it at the latest when it goes, even if this process dies.
+class Program
+{
+public:
+    // command: the whole command line. show: as in STARTUPINFO. Throws when it does not start.
+    explicit Program(const std::string& command, WORD show = SW_SHOWNORMAL);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    bool Running() const;
+    // Nothing when the program still runs after that time.
+    std::optional<DWORD> ExitCode(DWORD within = kDeadline) const;
+
+    // The main window when it is there and visible; waits for it. Null: it did not come.
+    HWND Window();
+    // The main window of this moment, or null.
+    HWND WindowNow() const;
+    std::string Title() const;
+    bool WaitForTitle(const std::string& title, DWORD within = kDeadline) const;
+    HWND View();
+    HWND Button(const std::string& caption);
+    // Whether the program's message loop answers soon.
+    bool Answers(DWORD within = 5000) const;
+    // The window with the keyboard: a button's caption, else the class; empty when none.
+    std::string Focus() const;
+
+    // The message box that is shown; waits for it. Nothing: none came.
+    std::optional<Box> WaitForBox(DWORD within = kDeadline) const;
+    std::optional<Box> BoxNow() const;
+    // Presses the button of that name in the box and waits until the box is gone.
+    bool Answer(const Box& box, const std::string& button) const;
+
+    // Closes the main window as its close button does, and waits for the end.
+    std::optional<DWORD> Close(DWORD within = kDeadline);
+    // What the program shows, for the report of a failed test.
+    std::string OnScreen() const;
+
+private:
+    std::vector<HWND> TopWindows() const;
+
+    PROCESS_INFORMATION process_ = {};
+    HANDLE job_ = nullptr;
+};
+
+// The mouse and the keyboard. Points are pixels of the screen.
+void MoveMouse(POINT at);
+void PressMouse(POINT at, DWORD button = MOUSEEVENTF_LEFTDOWN);
+void ReleaseMouse(POINT at, DWORD button = MOUSEEVENTF_LEFTUP);
+void Click(POINT at);
+void TurnWheel(POINT at, int notches); // up is positive
+POINT CentreOf(HWND window);
+// Presses key and lets it go, while the others are held.
+void PressKey(WORD key, std::initializer_list<WORD> held = {});
+
+// A picture of a window's client area as it stands on the screen.
+class Picture
+{
+public:
+    explicit Picture(HWND window);
+    int Width() const { return width_; }
+    int Height() const { return height_; }
+    COLORREF At(int x, int y) const;
+    // A pixel of exactly that colour, the topmost one; in the client area.
+    std::optional<POINT> Find(COLORREF color) const;
+    bool operator==(const Picture& other) const { return pixels_ == other.pixels_; }
+
+private:
+    int width_ = 0;
+    int height_ = 0;
+    std::vector<DWORD> pixels_;
+};
+
+// Waits until a pixel of that colour shows in the window; its place on the screen.
+std::optional<POINT> WaitForColor(HWND window, COLORREF color, DWORD within = kDeadline);
+
+std::string TextOf(HWND window);
+std::string ClassOf(HWND window);
+RECT PlaceOf(HWND window);
+
+} // namespace nv::e2e

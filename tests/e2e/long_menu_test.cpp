@@ -1,0 +1,244 @@
+// What the user may do while a long menu loads: everything.
+#include "e2e/stage.h"
+
+#include <cstdio>
+#include <random>
+
+namespace nv::e2e
+{
+
+class LongMenu : public Stage
+{
+protected:
+    static constexpr int kLinks = 100000;
+    static constexpr DWORD kLoad = 60000;
+
+    void SetUp() override
+    {
+        Stage::SetUp();
+        // The first link of each menu stands in the same place: a click there goes
+        // Aa home > Slow > Short > Long > Aa home.
+        home_ = WriteShort("Aa home.nvm", "Slow.nvm", kHomeMark);
+        slow_ = WriteLong("Slow.nvm", Path("Short.nvm"), kSlowMark, true);
+        short_ = WriteShort("Short.nvm", "Long.nvm", kShortMark);
+        long_ = WriteLong("Long.nvm", home_, kLongMark, false);
+    }
+
+    std::string WriteShort(const std::string& name, const std::string& next, int mark)
+    {
+        return WriteMenu(name, {{kLink, "First", Path(next), static_cast<long>(Mark(mark))}});
+    }
+
+    // slow: with a font of its own for each link, so that the load takes many times as long; it is
+    // still under way when the test acts, however slowly the test itself runs.
+    std::string WriteLong(const std::string& name, const std::string& next, int mark, bool slow)
+    {
+        std::string menu = LineOf({kLink, "First", next, static_cast<long>(Mark(mark))}) + "\r\n";
+        const std::string one = LineOf({kLink, "One of many", "many.exe"}) + "\r\n";
+        const std::size_t faceEnd = one.find("</FONTNAME>");
+        menu.reserve(menu.size() + (one.size() + 6) * kLinks);
+        for (int number = 2; number < kLinks; ++number) {
+            menu.append(one, 0, faceEnd);
+            if (slow) {
+                menu += std::to_string(number); // short enough to need no memory of its own
+            }
+            menu.append(one, faceEnd);
+        }
+        menu += LineOf({kLink, "Last", "last.exe", static_cast<long>(Mark(kLastMark))}) + "\r\n";
+        return Write(name, menu);
+    }
+
+    // Starts with the home menu and goes to the slow one, whose load is then under way.
+    Program& StartLoading()
+    {
+        Program& program = Open(home_);
+        const auto first = WaitForColor(program.View(), Mark(kHomeMark));
+        EXPECT_TRUE(first);
+        first_ = first.value_or(POINT{});
+        Click(first_);
+        EXPECT_TRUE(WaitForMenu(slow_)) << program.OnScreen();
+        return program;
+    }
+
+    // Goes home, and from there to the slow menu.
+    bool LoadSlow()
+    {
+        if (Running().Title() != TitleOf(home_)) {
+            PressKey(VK_HOME, {VK_MENU});
+        }
+        if (!WaitUntilLoaded(home_) || !WaitForColor(Running().View(), Mark(kHomeMark))) {
+            return false;
+        }
+        Click(first_);
+        return WaitForMenu(slow_, 3000);
+    }
+
+    int MarkOf(const std::string& path) const
+    {
+        return path == home_ ? kHomeMark : path == short_ ? kShortMark : kSlowMark;
+    }
+
+    // The load of the menu that the title names has not come to its end.
+    bool Loading(const std::string& path) const { return Setting("Settings", "Last") != path; }
+
+    static constexpr int kHomeMark = 1;
+    static constexpr int kShortMark = 2;
+    static constexpr int kLongMark = 3;
+    static constexpr int kSlowMark = 4;
+    static constexpr int kLastMark = 5;
+    static constexpr int kOtherMark = 6; // and those after it
+    std::string home_;
+    std::string short_;
+    std::string long_;
+    std::string slow_;
+    POINT first_ = {};
+};
+
+TEST_F(LongMenu, IsWholeInTheEnd)
+{
+    Program& program = Open(long_);
+    PressKey(VK_END);
+    EXPECT_TRUE(WaitForColor(program.View(), Mark(kLastMark)));
+    PressKey(VK_HOME);
+    EXPECT_TRUE(WaitForColor(program.View(), Mark(kLongMark)));
+}
+
+TEST_F(LongMenu, CanBeLeftInTheMiddle)
+{
+    Program& program = StartLoading();
+    const struct {
+        const char* name;
+        std::function<void()> act;
+        std::string opened;
+    } cases[] = {
+        {"link", [this] { Click(first_); }, short_},
+        {"Back button", [this] { ClickButton("Back"); }, home_},
+        {"Back key", [] { PressKey(VK_BACK); }, home_},
+        {"Home button", [this] { ClickButton("Home"); }, home_},
+        {"Home key", [] { PressKey(VK_HOME, {VK_MENU}); }, home_},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        ASSERT_TRUE(LoadSlow());
+        EXPECT_TRUE(WaitForColor(program.View(), Mark(kSlowMark))) << "nothing is shown yet";
+        EXPECT_TRUE(Loading(slow_)) << "too fast for this test";
+        each.act();
+        ASSERT_TRUE(WaitUntilLoaded(each.opened)) << program.OnScreen();
+        // What it shows is that menu, from its top.
+        EXPECT_TRUE(WaitForColor(program.View(), Mark(MarkOf(each.opened))));
+        EXPECT_TRUE(Loading(slow_));
+    }
+}
+
+TEST_F(LongMenu, CanBeRevertedInTheMiddle)
+{
+    Program& program = StartLoading();
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"F5", [] { PressKey(VK_F5); }},
+        {"button", [this] { ClickButton("Revert"); }},
+    };
+    int mark = kOtherMark;
+    for (const auto& [name, revert] : ways) {
+        SCOPED_TRACE(name);
+        ASSERT_TRUE(LoadSlow());
+        ASSERT_TRUE(WaitForColor(program.View(), Mark(kSlowMark)));
+        // Another menu stands in its file by now.
+        Write("Slow.nvm.new", MenuOf({{kLink, "New", "x.exe", static_cast<long>(Mark(mark))}}));
+        // The file is read whole before anything is shown: it is not in use any more.
+        ASSERT_TRUE(CopyFileA(slow_.c_str(), Path("kept").c_str(), FALSE));
+        ASSERT_TRUE(CopyFileA(Path("Slow.nvm.new").c_str(), slow_.c_str(), FALSE));
+        EXPECT_TRUE(Loading(slow_)) << "too fast for this test";
+        revert();
+        EXPECT_TRUE(WaitForColor(program.View(), Mark(mark))) << program.OnScreen();
+        EXPECT_TRUE(WaitUntilLoaded(slow_));
+        // It left no step: the one before is home.
+        PressKey(VK_BACK);
+        EXPECT_TRUE(WaitUntilLoaded(home_)) << program.OnScreen();
+        ASSERT_TRUE(CopyFileA(Path("kept").c_str(), slow_.c_str(), FALSE));
+        ++mark;
+    }
+}
+
+TEST_F(LongMenu, ScrollsAndSizesWhileItLoads)
+{
+    Program& program = StartLoading();
+    const HWND window = program.Window();
+    const HWND view = program.View();
+    ASSERT_TRUE(WaitForColor(view, Mark(kSlowMark)));
+    TurnWheel(CentreOf(view), -20);
+    EXPECT_TRUE(Until([&] { return !Picture(view).Find(Mark(kSlowMark)); }));
+    SetWindowPos(window, nullptr, 0, 0, 1000, 800, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(PlaceOf(window).right - PlaceOf(window).left, 1000);
+    EXPECT_TRUE(program.Answers(2000));
+    TurnWheel(CentreOf(view), 100);
+    EXPECT_TRUE(WaitForColor(view, Mark(kSlowMark)));
+    EXPECT_TRUE(Loading(slow_)) << "too fast for this test";
+}
+
+TEST_F(LongMenu, CanBeClosedInTheMiddle)
+{
+    Program& program = StartLoading();
+    EXPECT_EQ(program.Close(5000), 0u) << program.OnScreen();
+    EXPECT_TRUE(Setting("StartSet", "MainLeft"));
+    EXPECT_EQ(Setting("Settings", "Last"), home_);
+    // And while the first menu loads, of which the window shows nothing yet.
+    Program& next = Start('"' + slow_ + '"');
+    ASSERT_NE(next.Window(), nullptr);
+    EXPECT_EQ(next.Close(5000), 0u) << next.OnScreen();
+    EXPECT_EQ(Setting("Settings", "Last"), home_);
+}
+
+TEST_F(LongMenu, TakesAnythingAtAnyTime)
+{
+    constexpr unsigned kSeed = 20240611;
+    constexpr int kActions = 200;
+    std::printf("seed %u\n", kSeed);
+    std::mt19937 random(kSeed);
+    Program& program = StartLoading();
+    const HWND window = program.Window();
+    const POINT inView = CentreOf(program.View());
+    const std::pair<const char*, std::function<void()>> actions[] = {
+        {"link", [this] { Click(first_); }},
+        {"link again", [this] { Click(first_); }},
+        {"Back", [this] { ClickButton("Back"); }},
+        {"Backspace", [] { PressKey(VK_BACK); }},
+        {"Revert", [this] { ClickButton("Revert"); }},
+        {"F5", [] { PressKey(VK_F5); }},
+        {"Home", [this] { ClickButton("Home"); }},
+        {"Alt+Home", [] { PressKey(VK_HOME, {VK_MENU}); }},
+        {"End", [] { PressKey(VK_END); }},
+        {"Page Down", [] { PressKey(VK_NEXT); }},
+        {"Enter", [] { PressKey(VK_RETURN); }},
+        {"Tab", [] { PressKey(VK_TAB); }},
+        {"wheel", [&] { TurnWheel(inView, static_cast<int>(random() % 41) - 20); }},
+        {"size",
+         [&] {
+             SetWindowPos(window, nullptr, 0, 0, 700 + static_cast<int>(random() % 400),
+                          600 + static_cast<int>(random() % 300),
+                          SWP_NOMOVE | SWP_NOZORDER | SWP_ASYNCWINDOWPOS);
+         }},
+    };
+    std::string done;
+    for (int count = 0; count < kActions; ++count) {
+        const auto& [name, act] = actions[random() % std::size(actions)];
+        done += std::string(name) + ", ";
+        act();
+        // Now and then the program gets time to come further before the next one.
+        const unsigned rounds = random() % 4;
+        for (unsigned round = 0; round <= rounds * rounds; ++round) {
+            ASSERT_TRUE(program.Answers()) << done << program.OnScreen();
+        }
+        ASSERT_FALSE(program.BoxNow()) << done << program.OnScreen();
+    }
+    // It still does what it is asked. Not always at once: what was sent before may still be under
+    // way, and a click finds nothing while the menu under it is read anew.
+    bool works = false;
+    for (int attempt = 0; attempt < 5 && !works; ++attempt) {
+        PressKey(VK_HOME, {VK_MENU});
+        works = LoadSlow();
+    }
+    ASSERT_TRUE(works) << done << program.OnScreen();
+    EXPECT_EQ(program.Close(5000), 0u) << done;
+}
+
+} // namespace nv::e2e

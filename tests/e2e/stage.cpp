@@ -1,0 +1,195 @@
+#include "e2e/stage.h"
+
+#include <cstdio>
+
+namespace nv::e2e
+{
+
+namespace
+{
+
+constexpr char kSettingsKey[] = "Software\\Belquin\\Navrix Menu";
+
+std::string OwnFolder()
+{
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, path, sizeof path);
+    const std::string whole = path;
+    return whole.substr(0, whole.rfind('\\'));
+}
+
+void CopyTo(const std::string& folder, const std::string& fromTests, const std::string& name)
+{
+    const std::string source = OwnFolder() + "\\" + fromTests;
+    ASSERT_TRUE(CopyFileA(source.c_str(), (folder + "\\" + name).c_str(), TRUE)) << source;
+}
+
+} // namespace
+
+std::string LineOf(const Entry& entry)
+{
+    return std::to_string(entry.type) + "><CAPTION>" + entry.caption + "</CAPTION> <LINK>" +
+           entry.command + "</LINK> <FONTNAME>" + entry.font + "</FONTNAME> <FONTSIZE>" +
+           entry.size +
+           "</FONTSIZE> <FONTBOLD>True</FONTBOLD> <FONTITALIC>False</FONTITALIC> "
+           "<FONTSTR>False</FONTSTR> <FONTUNDER>False</FONTUNDER> <FONTCOLOR>" +
+           std::to_string(entry.color) + "</FONTCOLOR> <FONTCHAR>0</FONTCHAR>";
+}
+
+std::string MenuOf(const std::vector<Entry>& entries)
+{
+    std::string menu;
+    for (const Entry& entry : entries) {
+        menu += LineOf(entry) + "\r\n";
+    }
+    return menu;
+}
+
+void Stage::SetUp()
+{
+    // A blank in the name: paths are quoted where they must be.
+    folder_ = scratch_ / "the program";
+    ASSERT_TRUE(CreateDirectoryA(folder_.c_str(), nullptr)) << folder_;
+    CopyTo(folder_, MENU_FROM_TESTS, "NVMenu.exe");
+    CopyTo(folder_, COMPANION_FROM_TESTS, "NVSub.exe");
+    CopyTo(folder_, "recorder.exe", "recorder.exe");
+    RegDeleteTreeA(HKEY_CURRENT_USER, kSettingsKey);
+    SetEnvironmentVariableA("NAVRIX_RECORD", Path("record").c_str());
+    MoveMouse({0, 0}); // where it points to nothing
+}
+
+void Stage::TearDown()
+{
+    if (program_ && HasFailure()) {
+        std::printf("On the screen at the end:\n%s", program_->OnScreen().c_str());
+    } else if (program_ && program_->Running()) {
+        EXPECT_EQ(program_->BoxNow().has_value(), false) << program_->OnScreen();
+        EXPECT_EQ(program_->Close(), 0u) << program_->OnScreen();
+    }
+    program_.reset();
+    RegDeleteTreeA(HKEY_CURRENT_USER, kSettingsKey);
+}
+
+std::string Stage::Write(const std::string& name, const std::string& content) const
+{
+    std::FILE* file = std::fopen(Path(name).c_str(), "wb");
+    EXPECT_NE(file, nullptr) << name;
+    if (file != nullptr) {
+        EXPECT_EQ(std::fwrite(content.data(), 1, content.size(), file), content.size());
+        std::fclose(file);
+    }
+    return Path(name);
+}
+
+std::string Stage::WriteMenu(const std::string& name, const std::vector<Entry>& entries) const
+{
+    return Write(name, MenuOf(entries));
+}
+
+std::string Stage::Recorder(const std::string& arguments) const
+{
+    // Unquoted it could not hold the blank of the folder; the program's own folder is current.
+    return arguments.empty() ? "recorder.exe" : "recorder.exe " + arguments;
+}
+
+bool Stage::HasRecord() const
+{
+    return GetFileAttributesA(Path("record").c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::vector<std::string> Stage::WaitForRecord(DWORD within) const
+{
+    std::vector<std::string> lines;
+    const std::string path = Path("record");
+    const auto read = [&] {
+        // It has its name a moment before it can be opened.
+        std::FILE* file = std::fopen(path.c_str(), "rb");
+        if (file == nullptr) {
+            return false;
+        }
+        char line[4096];
+        while (std::fgets(line, sizeof line, file) != nullptr) {
+            lines.emplace_back(line);
+            lines.back().pop_back(); // the line end
+        }
+        std::fclose(file);
+        return true;
+    };
+    if (Until(read, within)) {
+        EXPECT_TRUE(Until([&] { return DeleteFileA(path.c_str()) != FALSE; }));
+    }
+    return lines;
+}
+
+void Stage::SetSetting(const std::string& section, const std::string& name,
+                       const std::string& value)
+{
+    const std::string key = std::string(kSettingsKey) + "\\" + section;
+    ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, key.c_str(), name.c_str(), REG_SZ, value.c_str(),
+                              static_cast<DWORD>(value.size() + 1)),
+              ERROR_SUCCESS);
+}
+
+std::optional<std::string> Stage::Setting(const std::string& section, const std::string& name)
+{
+    const std::string key = std::string(kSettingsKey) + "\\" + section;
+    char value[2048] = "";
+    DWORD size = sizeof value;
+    if (RegGetValueA(HKEY_CURRENT_USER, key.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, value,
+                     &size) != ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+Program& Stage::Start(const std::string& arguments, WORD show)
+{
+    program_.reset();
+    std::string command = '"' + Path("NVMenu.exe") + '"';
+    if (!arguments.empty()) {
+        command += ' ' + arguments;
+    }
+    program_ = std::make_unique<Program>(command, show);
+    return *program_;
+}
+
+Program& Stage::Open(const std::string& path)
+{
+    Start('"' + path + '"');
+    EXPECT_TRUE(WaitUntilLoaded(path)) << path;
+    return *program_;
+}
+
+std::optional<DWORD> Stage::Close()
+{
+    return program_->Close();
+}
+
+bool Stage::ClickOn(COLORREF color)
+{
+    const auto at = WaitForColor(program_->View(), color);
+    if (!at) {
+        return false;
+    }
+    Click(*at);
+    return true;
+}
+
+bool Stage::ClickButton(const std::string& caption)
+{
+    const HWND button = program_->Button(caption);
+    if (button == nullptr) {
+        return false;
+    }
+    Click(CentreOf(button));
+    return true;
+}
+
+bool Stage::WaitUntilLoaded(const std::string& path, DWORD within)
+{
+    return WaitForMenu(path, within) &&
+           Until([&] { return Setting("Settings", "Last") == path; }, within) &&
+           program_->Answers();
+}
+
+} // namespace nv::e2e

@@ -1,0 +1,91 @@
+// What each end-to-end test starts from: a folder of its own with the program, the companion and
+// the menus that the test writes, and no settings.
+#pragma once
+
+#include "e2e/driver.h"
+#include "windows/scratch_folder.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace nv::e2e
+{
+
+enum EntryType { kTitle = 1, kLabel = 2, kLink = 3, kSpace = 4, kLine = 5 };
+
+// The colour by which the tests find a link on the screen. Red is lower than in any mixture with
+// the background, so that no edge of a letter is taken for another link.
+constexpr COLORREF Mark(int number)
+{
+    return RGB(0x10, number & 0xFF, 0x40 + (number >> 8 & 0x7F));
+}
+
+struct Entry {
+    EntryType type = kLink;
+    std::string caption;
+    std::string command;
+    long color = 0;
+    std::string size = "16";
+    std::string font = "Tahoma";
+};
+
+// A line of a Menu file, without line end.
+std::string LineOf(const Entry& entry);
+std::string MenuOf(const std::vector<Entry>& entries);
+
+class Stage : public ::testing::Test
+{
+protected:
+    void SetUp() override;
+    // Expects a program that still runs to close at once with exit code 0.
+    void TearDown() override;
+
+    const std::string& Folder() const { return folder_; }
+    std::string Path(const std::string& name) const { return folder_ + "\\" + name; }
+    // Writes a file in the folder; its path.
+    std::string Write(const std::string& name, const std::string& content) const;
+    // Writes a Menu file; its path.
+    std::string WriteMenu(const std::string& name, const std::vector<Entry>& entries) const;
+    // A link that runs the recorder with arguments; wait for it with WaitForRecord.
+    std::string Recorder(const std::string& arguments = "") const;
+    // The record of the recorder that was started since the last call: command line, folder, title,
+    // show state. Empty when none came.
+    std::vector<std::string> WaitForRecord(DWORD within = kDeadline) const;
+    bool HasRecord() const;
+
+    static void SetSetting(const std::string& section, const std::string& name,
+                           const std::string& value);
+    // Nothing when there is no such value.
+    static std::optional<std::string> Setting(const std::string& section, const std::string& name);
+
+    // Starts the program with arguments, as they stand after its name.
+    Program& Start(const std::string& arguments = "", WORD show = SW_SHOWNORMAL);
+    // Starts the program with a menu, and waits until it is open.
+    Program& Open(const std::string& path);
+    Program& Running() { return *program_; }
+    // Ends the running program as the user does; its exit code.
+    std::optional<DWORD> Close();
+    // Clicks on what stands in the view in that colour.
+    bool ClickOn(COLORREF color);
+    bool ClickButton(const std::string& caption);
+    // The title of the window that shows the menu at path.
+    static std::string TitleOf(const std::string& path) { return kPlainTitle + (" - " + path); }
+    bool WaitForMenu(const std::string& path, DWORD within = kDeadline)
+    {
+        return program_->WaitForTitle(TitleOf(path), within);
+    }
+    // Waits until the load of a menu is done, however it ended: the window then answers at once
+    // and the menu is the last one opened.
+    bool WaitUntilLoaded(const std::string& path, DWORD within = kDeadline);
+
+    static constexpr char kPlainTitle[] = "Navrix Menu 1.0.0";
+
+private:
+    ScratchFolder scratch_;
+    std::string folder_;
+    std::unique_ptr<Program> program_;
+};
+
+} // namespace nv::e2e

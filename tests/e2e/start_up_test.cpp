@@ -1,0 +1,174 @@
+// The start: the companion, the menu to open, the command line, and what the user is asked.
+#include "e2e/stage.h"
+
+namespace nv::e2e
+{
+
+using Strings = std::vector<std::string>;
+
+class StartUp : public Stage
+{
+protected:
+    void ExpectBox(const std::optional<Box>& box, const std::string& text, BoxIcon icon,
+                   const Strings& buttons)
+    {
+        ASSERT_TRUE(box) << "no message box";
+        EXPECT_EQ(box->text, text);
+        EXPECT_EQ(box->title, kPlainTitle);
+        EXPECT_EQ(box->icon, icon);
+        EXPECT_EQ(box->buttons, buttons);
+        EXPECT_EQ(box->defaultButton, buttons.front());
+    }
+};
+
+TEST_F(StartUp, EndsWhenTheCompanionIsMissing)
+{
+    WriteMenu("Start.nvm", {{kLink, "One", "one.exe"}});
+    ASSERT_TRUE(DeleteFileA(Path("NVSub.exe").c_str()));
+    Program& program = Start();
+    const auto box = program.WaitForBox();
+    ExpectBox(box,
+              "File \"NVSub.exe\" must be in same directory as Navrix Menu!\n\n"
+              "Program cannot continue.",
+              BoxIcon::exclamation, {"OK"});
+    EXPECT_EQ(program.WindowNow(), nullptr);
+    ASSERT_TRUE(program.Answer(*box, "OK"));
+    EXPECT_TRUE(program.ExitCode()) << "it does not end";
+    EXPECT_FALSE(Setting("StartSet", "MainLeft"));
+    EXPECT_FALSE(Setting("Settings", "Last"));
+}
+
+TEST_F(StartUp, ChoosesTheMenuFromTheSettings)
+{
+    const std::string first = WriteMenu("First.nvm", {});
+    const std::string home = WriteMenu("Second home.nvm", {});
+    const std::string last = WriteMenu("Third.nvm", {});
+    const struct {
+        const char* startOpen; // null: not set
+        std::string home;      // empty: not set
+        std::string opened;    // empty: no menu
+    } cases[] = {
+        {nullptr, "", first}, {"0", home, first}, {"1", home, home}, {"1", "", first},
+        {"2", home, last},    {"3", home, ""},    {"17", home, ""},  {"x", home, first},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(std::string("StartOpen ") + (each.startOpen ? each.startOpen : "not set") +
+                     ", Home " + each.home);
+        if (each.startOpen != nullptr) {
+            SetSetting("Settings", "StartOpen", each.startOpen);
+        }
+        SetSetting("Settings", "Home", each.home);
+        SetSetting("Settings", "Last", last);
+        Program& program = Start();
+        ASSERT_NE(program.Window(), nullptr);
+        if (each.opened.empty()) {
+            EXPECT_TRUE(program.Answers());
+            EXPECT_EQ(program.Title(), kPlainTitle);
+            EXPECT_EQ(Setting("Settings", "Last"), last);
+        } else {
+            EXPECT_TRUE(WaitUntilLoaded(each.opened)) << program.OnScreen();
+        }
+    }
+}
+
+TEST_F(StartUp, WithoutAnyMenuHomeIsNotToBeHad)
+{
+    Program& program = Start();
+    ASSERT_NE(program.Window(), nullptr);
+    EXPECT_TRUE(program.Answers());
+    EXPECT_EQ(program.Title(), kPlainTitle);
+    EXPECT_FALSE(IsWindowEnabled(program.Button("Home")));
+    EXPECT_FALSE(IsWindowEnabled(program.Button("Revert")));
+}
+
+TEST_F(StartUp, ReadsTheCommandLine)
+{
+    const std::string start = WriteMenu("Aaa.nvm", {}); // what the choice gives
+    const std::string named = WriteMenu("My menu.nvm", {});
+    const std::string quoted = "\"" + named + "\"";
+    const struct {
+        std::string arguments;
+        std::string opened;
+        bool locked;
+    } cases[] = {
+        {named, named, false},
+        {quoted, named, false},
+        {named + " /l", named, true},
+        {quoted + " /L", named, true},
+        {"/l", start, true},
+        {"/L", start, true},
+        {"x/l", start, true},
+        {named + "m/l", named, true}, // the character before the switch goes with it
+        {"My menu.nvm", "My menu.nvm", false},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.arguments);
+        Program& program = Start(each.arguments);
+        EXPECT_TRUE(WaitUntilLoaded(each.opened)) << program.OnScreen();
+        EXPECT_EQ(IsWindowEnabled(program.Button("Normal")) == FALSE, each.locked);
+    }
+}
+
+TEST_F(StartUp, TellsAboutAnExtensionThatIsNoMenu)
+{
+    const std::string menu = WriteMenu("Start.nvm", {});
+    const struct {
+        std::string arguments;
+        std::string named; // as the message has it
+    } cases[] = {
+        {Write("notes.txt", "x"), Path("notes.txt")},
+        {Path("none"), Path("none")},
+        {menu + "/l", menu.substr(0, menu.size() - 1)}, // loses its last letter to the switch
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.arguments);
+        Program& program = Start(each.arguments);
+        const auto box = program.WaitForBox();
+        ExpectBox(box, "Cannot open: \"" + each.named + "\"\n\nInvalid file extension!",
+                  BoxIcon::exclamation, {"OK"});
+        ASSERT_TRUE(program.Answer(*box, "OK"));
+        EXPECT_TRUE(program.Answers());
+        EXPECT_EQ(program.Title(), kPlainTitle);
+        EXPECT_FALSE(Setting("Settings", "Last"));
+    }
+}
+
+TEST_F(StartUp, AsksBeforeItCreatesAMenu)
+{
+    const std::string path = Path("new\\deep er\\Menu.nvm");
+    const std::string question =
+        "File " + path + " does not exist.\n\nWould you like to create a new menu?";
+    {
+        Program& program = Start("\"" + path + "\"");
+        const auto box = program.WaitForBox();
+        ExpectBox(box, question, BoxIcon::exclamation, {"Yes", "No"});
+        ASSERT_TRUE(program.Answer(*box, "No"));
+        EXPECT_TRUE(program.Answers());
+        EXPECT_EQ(program.Title(), kPlainTitle);
+        EXPECT_FALSE(IsWindowEnabled(program.Button("Revert")));
+        EXPECT_EQ(GetFileAttributesA(Path("new").c_str()), INVALID_FILE_ATTRIBUTES);
+    }
+    Program& program = Start("\"" + path + "\"");
+    const auto box = program.WaitForBox();
+    ExpectBox(box, question, BoxIcon::exclamation, {"Yes", "No"});
+    ASSERT_TRUE(program.Answer(*box, "Yes"));
+    EXPECT_TRUE(WaitUntilLoaded(path));
+    WIN32_FILE_ATTRIBUTE_DATA file = {};
+    ASSERT_TRUE(GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &file));
+    EXPECT_EQ(file.nFileSizeLow, 0u);
+    EXPECT_TRUE(IsWindowEnabled(program.Button("Revert")));
+}
+
+TEST_F(StartUp, TheLastMenuIsGone)
+{
+    SetSetting("Settings", "StartOpen", "2"); // and "Last" not set
+    Program& program = Start();
+    const auto box = program.WaitForBox();
+    ExpectBox(box, "File C:\\Start.nvm does not exist.\n\nWould you like to create a new menu?",
+              BoxIcon::exclamation, {"Yes", "No"});
+    ASSERT_TRUE(program.Answer(*box, "No"));
+    EXPECT_TRUE(program.Answers());
+    EXPECT_EQ(program.Title(), kPlainTitle);
+}
+
+} // namespace nv::e2e
