@@ -56,8 +56,8 @@ std::optional<LRESULT> KelButtonWindow::Route(UINT message, WPARAM wParam, LPARA
     case WM_RBUTTONDOWN:
     case WM_MBUTTONDOWN:
         OnMouseMove(); // a press may come first, where a box was closed over the button
-        SetLook({true, true, look_.focused});
         SetFocus(Handle());
+        SetLook({true, true, look_.focused});
         button_.Press();
         return 0;
     case WM_LBUTTONUP:

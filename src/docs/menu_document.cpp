@@ -207,10 +207,12 @@ bool MenuDocument::Load(const std::string& path, SystemError& error)
         return false;
     }
     const Mark loading(loading_);
+    cutShort_.clear();
     ClearLines();
     events_.TitleChanged(SplitPath(path, codePage_).fileName);
     if (!ReadLines(*file, error)) {
         BecomeNoDocument();
+        cutShort_ = error == 0 ? path : "";
         return false;
     }
     // Ignored: all was read.
@@ -223,13 +225,16 @@ bool MenuDocument::Show(const std::string& path)
 {
     SetFFile(path);
     events_.Opened(path);
+    // From here on the lines are the file's, whether all of them come to be shown or not.
+    changed_ = false;
+    unsaved_ = false;
     const bool shown = events_.LinesRebuilt();
-    if (shown) {
+    if (!shown) {
+        cutShort_ = path;
+    } else {
         // Ignored: that the next start does not find this menu is not worth a message.
         static_cast<void>(settings_.SetKeyValue("Settings", "Last", path));
     }
-    changed_ = false;
-    unsaved_ = false;
     return shown;
 }
 

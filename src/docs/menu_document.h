@@ -83,6 +83,9 @@ public:
 
     // True from the clearing of the old menu to the end of the new one's load.
     bool Loading() const { return loading_; }
+    // The path of the last load when the pump ended it; empty otherwise. Who ended it for a request
+    // that then opened nothing can open this path again.
+    const std::string& CutShort() const { return cutShort_; }
     const MenuLines& Lines() const { return lines_; }
     MenuLines& Lines() { return lines_; }
     const Font& DefaultFont() const { return defaultFont_; }
@@ -109,6 +112,7 @@ private:
     MenuLines lines_;
     std::string file_;
     std::string home_;
+    std::string cutShort_;
     bool changed_ = false;
     bool unsaved_ = false;
     bool noHistory_ = false;

@@ -104,8 +104,7 @@ bool Form1::StartUp(std::string_view arguments, int showCommand)
     TMode(Mode::run);
     SetFocus(view_.Handle());
     WhenFree([this, filePart = commandLine.filePart] { OpenFirstMenu(filePart); });
-    const TwipSize minimum =
-        MinimumSize(static_cast<Twips>(TrueWindowSize(Handle(), true)), locked_);
+    const TwipSize minimum = MinimumSize(nonClientHeight_, locked_);
     minTrack_ = SIZE{scale_.PixelsX(minimum.width), scale_.PixelsY(minimum.height)};
     return Handle() != nullptr;
 }
@@ -132,10 +131,10 @@ bool Form1::CreateWindows()
 
 void Form1::Place()
 {
-    const auto nonClient = static_cast<Twips>(TrueWindowSize(Handle(), true));
+    nonClientHeight_ = static_cast<Twips>(TrueWindowSize(Handle(), true));
     const Twips caption = scale_.TwipsY(GetSystemMetrics(SM_CYCAPTION));
     const Placement place =
-        StartPlacement(ReadPlacement(settings_), nonClient, locked_, WorkAreas(), caption);
+        StartPlacement(ReadPlacement(settings_), nonClientHeight_, locked_, WorkAreas(), caption);
     // The size is rounded by itself, not with the place: it must not come out a pixel smaller than
     // the smallest size, which is rounded so too.
     SetWindowPos(Handle(), nullptr, scale_.PixelsX(place.left), scale_.PixelsY(place.top),
@@ -145,7 +144,9 @@ void Form1::Place()
 
 void Form1::OpenFirstMenu(const std::string& filePart)
 {
-    if (filePart.empty() || !document_.FOpen(StripQuotes(filePart))) {
+    const bool opened = !filePart.empty() && document_.FOpen(StripQuotes(filePart));
+    // Who asks for something else while the first menu loads has chosen already.
+    if (!opened && document_.CutShort().empty()) {
         Run(Command::openMenu);
     }
 }
@@ -164,7 +165,13 @@ void Form1::OnClose()
     });
 }
 
-void Form1::OnDestroy()
+bool Form1::OnQueryEndSession()
+{
+    pump_.EndWork(); // a load that is under way
+    return document_.MayClose();
+}
+
+void Form1::StorePlacement()
 {
     if (!IsIconic(Handle()) && !IsZoomed(Handle())) {
         RECT window = {};
@@ -172,6 +179,11 @@ void Form1::OnDestroy()
         const TwipRect place = ToTwips(window, scale_);
         WritePlacement(settings_, {place.left, place.top, place.width, place.height});
     }
+}
+
+void Form1::OnDestroy()
+{
+    StorePlacement();
     minTrack_.reset();
     prompts_.SetOwner(nullptr);
     pump_.EndWork();
@@ -196,9 +208,12 @@ void Form1::WhenFree(Job job)
             prompts_.Ask("There is not enough memory for this menu.", PromptIcon::stop,
                          PromptButtons::ok);
         }
-        job = std::exchange(next_, nullptr);
         if (Handle() == nullptr) {
             return; // the job was the end of the program
+        }
+        job = std::exchange(next_, nullptr);
+        if (!job && !document_.CutShort().empty()) {
+            job = [this, path = document_.CutShort()] { document_.OpenPDM(path); };
         }
     }
     busy_ = false;
@@ -213,7 +228,7 @@ void Form1::Run(Command command)
     }
     switch (command) {
     case Command::back:
-        WhenFree([this] { Back(); });
+        Back();
         break;
     case Command::revert:
         Revert();
@@ -222,7 +237,7 @@ void Form1::Run(Command command)
         WhenFree([this, home = document_.Home()] { document_.FOpen(home); });
         break;
     case Command::normal:
-        WhenFree([this] { Normal(); });
+        Normal();
         break;
     case Command::edit:
     case Command::options:
@@ -236,8 +251,10 @@ void Form1::Run(Command command)
 void Form1::Back()
 {
     if (const auto path = history_.TakeLast()) {
-        document_.SetNoHistory();
-        document_.FOpen(*path);
+        WhenFree([this, path] {
+            document_.SetNoHistory();
+            document_.FOpen(*path);
+        });
     }
 }
 
@@ -254,8 +271,10 @@ void Form1::Normal()
 {
     TMode(Mode::run);
     if (document_.MCh()) {
-        LinesRebuilt();
-        document_.SetMCh(false);
+        WhenFree([this] {
+            LinesRebuilt();
+            document_.SetMCh(false);
+        });
     }
 }
 

@@ -54,7 +54,8 @@ private:
     // What the window does, each runnable while a menu loads: see WhenFree.
     using Job = std::function<void()>;
     // Runs job now; while a menu loads, ends that load first and runs job when it has unwound, so
-    // that loads never run inside each other. Of several jobs the last one is run.
+    // that loads never run inside each other. Of several jobs the last one is run. A load that was
+    // ended for a job that opened nothing begins again.
     void WhenFree(Job job);
 
     bool CheckLauncher();
@@ -76,7 +77,9 @@ private:
     bool OnKeyDown(const MSG& message);
     void OnSize();
     void OnClose();
+    bool OnQueryEndSession();
     void OnDestroy();
+    void StorePlacement();
     void OnActivate(bool active);
     void OnGetMinMaxInfo(MINMAXINFO& info);
 
@@ -106,6 +109,7 @@ private:
     KelPicWindow header_;
     ToolStrip strip_;
     MenuView view_;
+    Twips nonClientHeight_ = 0;    // what frame and caption add to the window's height
     std::optional<SIZE> minTrack_; // pixels; nothing until start-up is done
     HWND lastFocus_ = nullptr;     // the child that had the keyboard when the window lost it
     Job next_;

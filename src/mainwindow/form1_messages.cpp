@@ -44,6 +44,13 @@ std::optional<LRESULT> Form1::Route(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CLOSE:
         OnClose();
         return 0;
+    case WM_QUERYENDSESSION:
+        return OnQueryEndSession();
+    case WM_ENDSESSION:
+        if (wParam != 0) {
+            StorePlacement();
+        }
+        return 0;
     case WM_DESTROY:
         OnDestroy();
         return 0;
@@ -75,6 +82,9 @@ std::optional<LRESULT> Form1::Route(UINT message, WPARAM wParam, LPARAM lParam)
 
 void Form1::OnSize()
 {
+    if (IsIconic(Handle())) {
+        return; // there is nothing to lay out, and the menu keeps its place
+    }
     RECT pixels = {};
     GetClientRect(Handle(), &pixels);
     const TwipRect client = ToTwips(pixels, scale_);
@@ -125,6 +135,10 @@ bool Form1::OnKeyDown(const MSG& message)
         CommandOfKey(KeyOf(message.wParam), alt, pressed(VK_CONTROL), pressed(VK_SHIFT));
     if (!command) {
         return false;
+    }
+    if (message.message == WM_SYSKEYDOWN) {
+        // The platform must see that Alt was held for a key, or it opens the system menu.
+        DefWindowProcA(Handle(), message.message, message.wParam, message.lParam);
     }
     Run(*command);
     return true;

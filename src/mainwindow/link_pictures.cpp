@@ -19,13 +19,20 @@ const Picture* LinkPictures::Known(const std::string& command) const
     return known == byCommand_.end() ? nullptr : &known->second;
 }
 
-const Picture& LinkPictures::Find(WindowHandle owner, const std::string& command)
+Picture LinkPictures::Find(WindowHandle owner, const std::string& command)
 {
     if (const Picture* known = Known(command)) {
         return *known;
     }
     const Picture picture = PictureOf(PathOf(owner, command));
-    return byCommand_.emplace(command, picture).first->second;
+    byCommand_.emplace(command, picture);
+    return picture;
+}
+
+void LinkPictures::Clear()
+{
+    byCommand_.clear();
+    byPath_.clear();
 }
 
 std::string LinkPictures::PathOf(WindowHandle owner, const std::string& command)
@@ -38,7 +45,7 @@ std::string LinkPictures::PathOf(WindowHandle owner, const std::string& command)
     return info.targetKind == TargetKind::program ? info.foundProgram : info.plainProgram;
 }
 
-const Picture& LinkPictures::PictureOf(const std::string& path)
+Picture LinkPictures::PictureOf(const std::string& path)
 {
     if (const auto known = byPath_.find(path); known != byPath_.end()) {
         return known->second;
@@ -52,7 +59,8 @@ const Picture& LinkPictures::PictureOf(const std::string& path)
     } else if (const auto icon = icons_.SmallIcon(path)) {
         picture = {Picture::Source::system, *icon};
     }
-    return byPath_.emplace(path, picture).first->second;
+    byPath_.emplace(path, picture);
+    return picture;
 }
 
 } // namespace nv

@@ -10,7 +10,8 @@
 namespace nv
 {
 
-// The pictures of the links. The shell is asked once for each path, however many links name it.
+// The pictures of the links. The shell is asked once for each path, however many links of a menu
+// name it.
 class LinkPictures
 {
 public:
@@ -21,11 +22,13 @@ public:
     const Picture* Known(const std::string& command) const;
     // The picture of a command, asking the shell when it is not known. An empty one: the link is
     // shown without. May take the shell some milliseconds.
-    const Picture& Find(WindowHandle owner, const std::string& command);
+    Picture Find(WindowHandle owner, const std::string& command);
+    // Forgets all, for a menu that is shown anew: programs come and go meanwhile.
+    void Clear();
 
 private:
     std::string PathOf(WindowHandle owner, const std::string& command);
-    const Picture& PictureOf(const std::string& path);
+    Picture PictureOf(const std::string& path);
 
     ShellExe& shellExe_;
     IconLookup& icons_;

@@ -38,6 +38,7 @@ void MenuColumn::FClear()
     rows_.clear();
     links_.clear();
     hasLabels_ = false;
+    position_ = kFirstPosition;
     height_ = position_;
 }
 

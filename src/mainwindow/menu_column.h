@@ -32,11 +32,9 @@ public:
     // measure must outlive the column.
     MenuColumn(TextMeasure& measure, const CodePage& codePage);
 
-    // Empties the column; P1 becomes as high as the column position, which Restart sets.
+    // Empties the column: the column position is that of the first entry, and P1 as high.
     void FClear();
-    // Sets the column position to that of the first entry.
-    void Restart() { position_ = kFirstPosition; }
-    // Width of P1. Labels that were added for another width need a Rebuild.
+    // Width of P1. Labels that were added for another width need a Rewrap.
     void SetWidth(Twips width) { width_ = width; }
     Twips Width() const { return width_; }
 

@@ -25,16 +25,16 @@ void MenuPane::FClear()
     focusedLink_.reset();
     typingUntil_ = tick_;
     ++generation_;
-    scrolling_.SetValue(0);
+    scrolledBack_ = scrolling_.SetValue(0) || scrolledBack_;
     SC();
-    host_.HoverChanged();
+    FollowMouse();
     RedrawAll();
 }
 
 bool MenuPane::LoadFields(EventPump& pump)
 {
-    column_.Restart();
     FClear();
+    pictures_.Clear();
     listedItems_ = 0;
     for (std::size_t index = 0; index < lines_.size(); ++index) {
         const MenuItem item = ShownItem(lines_[index], defaultFont_);
@@ -50,7 +50,9 @@ bool MenuPane::LoadFields(EventPump& pump)
         SetFocusedLink(0);
     }
     SC();
-    MoveTo(0);
+    if (scrolling_.SetValue(0) || std::exchange(scrolledBack_, false)) {
+        ValueChanged();
+    }
     RedrawAll();
     FollowMouse();
     return true;
@@ -181,9 +183,12 @@ void MenuPane::MouseMove(TwipPoint at)
 void MenuPane::FollowMouse()
 {
     const auto row = mouse_ ? LinkAt(*mouse_) : std::nullopt;
+    const auto area = row ? std::optional(AreaOf(*row)) : std::nullopt;
     if (row != hovered_) {
         RedrawRow(std::exchange(hovered_, row));
         RedrawRow(row);
+    }
+    if (std::exchange(hoveredArea_, area) != area) {
         host_.HoverChanged();
     }
 }
@@ -218,11 +223,6 @@ void MenuPane::MouseUp(TwipPoint at)
     }
 }
 
-std::optional<TwipRect> MenuPane::HoveredArea()
-{
-    return hovered_ ? std::optional(AreaOf(*hovered_)) : std::nullopt;
-}
-
 std::string MenuPane::HoveredTip()
 {
     return hovered_ ? VisualOf(*hovered_).link->L1().ToolT() : std::string();
@@ -235,6 +235,8 @@ void MenuPane::SetHasFocus(bool hasFocus)
     hasFocus_ = hasFocus;
     if (focusedLink_) {
         RedrawRow(column_.Links()[*focusedLink_]);
+    } else {
+        RedrawAll();
     }
 }
 
@@ -397,7 +399,7 @@ TwipRect MenuPane::AreaOf(std::uint32_t row)
 {
     const Row& wanted = column_.Rows()[row];
     const Twips left = MenuColumn::Left(wanted.kind);
-    Twips width = column_.Width() - left;
+    Twips width = column_.Width() + kBesidePanel;
     if (wanted.kind == RowKind::link) {
         width = VisualOf(row).link->Size().width;
     }

@@ -98,7 +98,7 @@ public:
     // The row of the link at a point of the viewport.
     std::optional<std::uint32_t> LinkAt(TwipPoint at);
     // The link under the mouse: its area in the viewport, and its tooltip (the command).
-    std::optional<TwipRect> HoveredArea();
+    std::optional<TwipRect> HoveredArea() const { return hoveredArea_; }
     std::string HoveredTip();
     // Where a row stands in the viewport.
     TwipRect AreaOf(std::uint32_t row);
@@ -137,6 +137,9 @@ private:
     bool TabLink(bool down);
     Twips YOf(const Row& row) const;
 
+    // More than the scroll bar's place, which titles reach into when the bar is hidden.
+    static constexpr Twips kBesidePanel = 2000;
+
     PaneHost& host_;
     TextMeasure& measure_;
     LinkPictures& pictures_;
@@ -154,11 +157,13 @@ private:
     std::uint32_t generation_ = 0;   // counts the columns: rows of an older one are gone
     std::optional<TwipPoint> mouse_; // while it is over the panel
     std::optional<std::uint32_t> hovered_;
+    std::optional<TwipRect> hoveredArea_; // of the hovered link
     std::optional<std::uint32_t> pressed_;
     std::optional<std::size_t> focusedLink_;
     bool hasFocus_ = false;
     bool ticking_ = false;
     bool dragged_ = false;
+    bool scrolledBack_ = false; // the clearing of the column moved the bar
     bool findingPicture_ = false;
 };
 

@@ -48,6 +48,9 @@ void MenuPane::Paint(Canvas& canvas, const TwipRect& clip)
     if (picturesWanted) {
         host_.PicturesWanted();
     }
+    if (hasFocus_ && column_.Links().empty()) {
+        canvas.FocusFrame({0, 0, view_.width, view_.height});
+    }
 }
 
 void MenuPane::PaintRow(Canvas& canvas, std::uint32_t index, const TwipRect& clip)
@@ -110,7 +113,7 @@ MenuPane::Visual MenuPane::MakeVisual(const Row& row)
 bool MenuPane::FindNextPicture(WindowHandle owner)
 {
     if (findingPicture_) {
-        return true; // the shell let events through while it was asked
+        return false; // the shell let events through while it was asked: that call goes on
     }
     const RowRange range = RowsBetween(0, view_.height);
     for (std::uint32_t row = range.first; row < range.end; ++row) {
@@ -143,7 +146,7 @@ void MenuPane::RedrawRow(std::optional<std::uint32_t> row)
 
 void MenuPane::RedrawAll()
 {
-    host_.Redraw({0, 0, view_.width, view_.height});
+    host_.Redraw({0, 0, view_.width + kBesidePanel, view_.height});
 }
 
 } // namespace nv

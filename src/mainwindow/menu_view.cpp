@@ -128,7 +128,8 @@ std::optional<LRESULT> MenuView::RouteMouse(UINT message, WPARAM wParam, LPARAM 
 {
     switch (message) {
     case WM_MOUSEMOVE:
-        OnMouseMove(lParam);
+        TrackMouse();
+        pane_.MouseMove(PointOf(lParam, text_.Scale()));
         return 0;
     case WM_MOUSELEAVE:
         tracking_ = false;
@@ -137,11 +138,13 @@ std::optional<LRESULT> MenuView::RouteMouse(UINT message, WPARAM wParam, LPARAM 
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
     case WM_MBUTTONDOWN:
+        TrackMouse();
         pane_.MouseDown(PointOf(lParam, text_.Scale()));
         return 0;
     case WM_LBUTTONUP:
     case WM_RBUTTONUP:
     case WM_MBUTTONUP:
+        TrackMouse();
         pane_.MouseUp(PointOf(lParam, text_.Scale()));
         return 0;
     case WM_MOUSEWHEEL:
@@ -202,6 +205,7 @@ void MenuView::OnScroll(WORD request)
     case SB_BOTTOM:
         pane_.ScrollBy(scroll.Maximum());
         break;
+    case SB_THUMBPOSITION:
     case SB_THUMBTRACK: {
         SCROLLINFO info = {};
         info.cbSize = sizeof info;
@@ -227,7 +231,7 @@ void MenuView::OnWheel(short delta)
     wheelRest_ += delta;
     const int turns = wheelRest_ / WHEEL_DELTA;
     wheelRest_ %= WHEEL_DELTA;
-    if (turns != 0) {
+    if (turns != 0 && notch > 0) {
         pane_.ScrollTwips(-static_cast<Twips>(turns) * notch);
     }
 }
@@ -248,13 +252,13 @@ void MenuView::OnTimer(UINT_PTR timer)
     }
 }
 
-void MenuView::OnMouseMove(LPARAM lParam)
+// Any mouse message may be the first one, and its end is to be told.
+void MenuView::TrackMouse()
 {
     if (!std::exchange(tracking_, true)) {
         TRACKMOUSEEVENT track = {sizeof track, TME_LEAVE, Handle(), 0};
         TrackMouseEvent(&track);
     }
-    pane_.MouseMove(PointOf(lParam, text_.Scale()));
 }
 
 bool MenuView::OnKey(WPARAM key, bool repeated)

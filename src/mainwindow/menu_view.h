@@ -34,7 +34,7 @@ private:
     void OnScroll(WORD request);
     void OnWheel(short delta);
     void OnTimer(UINT_PTR timer);
-    void OnMouseMove(LPARAM lParam);
+    void TrackMouse();
     bool OnKey(WPARAM key, bool repeated);
     void OnTab();
     void OnSetFocus();

@@ -35,7 +35,7 @@ bool ShowsCaption(const TwipRect& area, const Placement& window, Twips captionHe
                        std::max(area.left, window.left);
     return seen >= std::min(kEnough, window.width) &&
            window.top + captionHeight <= area.top + area.height &&
-           window.top + captionHeight > area.top;
+           window.top + captionHeight / 2 >= area.top;
 }
 
 // Moves a window into area, its left top corner first of all.

@@ -19,9 +19,9 @@ protected:
         // The first link of each menu stands in the same place: a click there goes
         // Aa home > Slow > Short > Long > Aa home.
         home_ = WriteShort("Aa home.nvm", "Slow.nvm", kHomeMark);
-        slow_ = WriteLong("Slow.nvm", Path("Short.nvm"), kSlowMark, true);
+        slow_ = WriteLong("Slow.nvm", Path("Short.nvm"), kSlowMark, kLinks);
         short_ = WriteShort("Short.nvm", "Long.nvm", kShortMark);
-        long_ = WriteLong("Long.nvm", home_, kLongMark, false);
+        long_ = WriteLong("Long.nvm", home_, kLongMark, 0);
     }
 
     std::string WriteShort(const std::string& name, const std::string& next, int mark)
@@ -29,9 +29,9 @@ protected:
         return WriteMenu(name, {{kLink, "First", Path(next), static_cast<long>(Mark(mark))}});
     }
 
-    // slow: with a font of its own for each link, so that the load takes many times as long; it is
-    // still under way when the test acts, however slowly the test itself runs.
-    std::string WriteLong(const std::string& name, const std::string& next, int mark, bool slow)
+    // fonts: so many links have a font of their own, so that the load takes many times as long; it
+    // is still under way when the test acts, however slowly the test itself runs.
+    std::string WriteLong(const std::string& name, const std::string& next, int mark, int fonts)
     {
         std::string menu = LineOf({kLink, "First", next, static_cast<long>(Mark(mark))}) + "\r\n";
         const std::string one = LineOf({kLink, "One of many", "many.exe"}) + "\r\n";
@@ -39,7 +39,7 @@ protected:
         menu.reserve(menu.size() + (one.size() + 6) * kLinks);
         for (int number = 2; number < kLinks; ++number) {
             menu.append(one, 0, faceEnd);
-            if (slow) {
+            if (number < fonts) {
                 menu += std::to_string(number); // short enough to need no memory of its own
             }
             menu.append(one, faceEnd);
@@ -128,6 +128,29 @@ TEST_F(LongMenu, CanBeLeftInTheMiddle)
         EXPECT_TRUE(WaitForColor(program.View(), Mark(MarkOf(each.opened))));
         EXPECT_TRUE(Loading(slow_));
     }
+}
+
+TEST_F(LongMenu, ComesBackWholeWhenNothingElseIsOpened)
+{
+    const std::string menu = WriteLong("Half slow.nvm", Path("missing.nvm"), kSlowMark, kLinks / 4);
+    Program& program = Start('"' + menu + '"');
+    const auto first = WaitForColor(program.View(), Mark(kSlowMark));
+    ASSERT_TRUE(first);
+    EXPECT_TRUE(Loading(menu)) << "too fast for this test";
+    PressKey(VK_BACK); // nowhere to go back to
+    ClickButton("Normal");
+    ASSERT_TRUE(program.Answers());
+    EXPECT_TRUE(Loading(menu)) << "too fast for this test";
+    Click(*first);
+    const auto box = program.WaitForBox();
+    ASSERT_TRUE(box) << program.OnScreen();
+    EXPECT_NE(box->text.find("does not exist."), std::string::npos) << box->text;
+    EXPECT_TRUE(Loading(menu));
+    ASSERT_TRUE(program.Answer(*box, "No"));
+    ASSERT_TRUE(WaitUntilLoaded(menu, kLoad)) << program.OnScreen();
+    PressKey(VK_END);
+    EXPECT_TRUE(WaitForColor(program.View(), Mark(kLastMark)));
+    EXPECT_EQ(program.Close(), 0u);
 }
 
 TEST_F(LongMenu, CanBeRevertedInTheMiddle)

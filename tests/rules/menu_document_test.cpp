@@ -242,6 +242,10 @@ TEST(MenuDocument, IsNoDocumentAfterALoadThatStopped)
     EXPECT_EQ(desk.events.Take(), emptied);
     EXPECT_EQ(desk.State(), kNoDocument);
     EXPECT_EQ(desk.settings.Text("Settings", "Last"), kStart);
+    EXPECT_EQ(desk.document.CutShort(), kOther);
+    desk.prompts.Expect(Answer::ok);
+    EXPECT_FALSE(desk.document.FOpen("no menu.txt"));
+    EXPECT_EQ(desk.document.CutShort(), kOther); // nothing has taken its place
     desk.document.SaveMenu();
     EXPECT_EQ(desk.files.Contents(kOther), "other\r\n");
 }
@@ -254,6 +258,10 @@ TEST(MenuDocument, IsWholeWhenOnlyItsShowingWasEnded)
     EXPECT_FALSE(desk.document.OpenPDM(kOther));
     EXPECT_EQ(desk.State(), std::string(kOther) + " 1");
     EXPECT_EQ(desk.settings.Text("Settings", "Last"), kStart);
+    EXPECT_EQ(desk.document.CutShort(), kOther);
+    desk.events.showToTheEnd = true;
+    EXPECT_TRUE(desk.document.OpenPDM(kStart));
+    EXPECT_EQ(desk.document.CutShort(), "");
 }
 
 TEST(MenuDocument, NeitherSavesNorOpensWhileItLoads)
