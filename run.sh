@@ -31,6 +31,8 @@ while [ $# -gt 0 ]; do
         [ -n "${2-}" ] || fail "--picture needs the name of a file"
         picture=$(realpath -sm -- "$2")
         [ -d "$(dirname "$picture")" ] || fail "there is no folder for the picture $2"
+        [ ! -d "$picture" ] || fail "the picture $2 is a folder"
+        [ -w "$(dirname "$picture")" ] || fail "the picture $2 cannot be written there"
         shift
         ;;
     -h | --help)

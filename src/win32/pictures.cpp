@@ -19,8 +19,9 @@ constexpr std::size_t kLongestPath = 259;
 
 std::optional<std::int32_t> Pictures::SmallIcon(const std::string& path)
 {
-    if (path.size() > kLongestPath) {
-        return std::nullopt; // the shell's own buffers end there
+    // The shell's own buffers end there; and for no path it answers with that of its own folder.
+    if (path.empty() || path.size() > kLongestPath) {
+        return std::nullopt;
     }
     constexpr UINT kFlags = SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_SHELLICONSIZE |
                             SHGFI_DISPLAYNAME | SHGFI_TYPENAME;
