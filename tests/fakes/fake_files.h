@@ -23,11 +23,9 @@ public:
     static constexpr SystemError kDiskFull = 112;
 
     struct Node {
-        std::string name;
         std::string contents;
         bool folder = false;
         bool readOnly = false;
-        bool hidden = false;
         bool onDisk = true; // what was written stands on the disk, not only in memory
     };
 
@@ -46,7 +44,7 @@ public:
 
     void Put(const std::string& path, const std::string& contents)
     {
-        nodes_[UpperCase(path)] = Node{path, contents};
+        nodes_[UpperCase(path)] = Node{contents};
     }
     Node* Find(const std::string& path)
     {
@@ -80,7 +78,6 @@ public:
             return nullptr;
         }
         Node& node = nodes_[UpperCase(path)];
-        node.name = path;
         if (mode == OpenMode::overwrite) {
             node.contents.clear();
         }
@@ -94,22 +91,12 @@ public:
                                : FileAttributes{true, node->folder, node->readOnly};
     }
 
-    // Of patterns only "*" with what follows it, in the last part.
-    std::vector<std::string> List(const std::string& pattern, std::size_t limit) override
+    // Knows no wildcards.
+    std::vector<std::string> List(const std::string& path, std::size_t) override
     {
-        std::vector<std::string> names;
-        const std::string wanted = UpperCase(pattern);
-        const auto star = wanted.find('*');
-        for (const auto& [key, node] : nodes_) {
-            const bool fits = star == std::string::npos
-                                  ? key == wanted
-                                  : key.starts_with(wanted.substr(0, star)) &&
-                                        key.ends_with(wanted.substr(star + 1));
-            if (fits && !node.folder && names.size() < limit) {
-                names.push_back(node.name.substr(node.name.rfind('\\') + 1));
-            }
-        }
-        return names;
+        const Node* node = Find(path);
+        return std::vector<std::string>(node != nullptr && !node->folder ? 1 : 0,
+                                        path.substr(path.rfind('\\') + 1));
     }
 
     SystemError Replace(const std::string& from, const std::string& to) override
@@ -119,12 +106,8 @@ public:
             error = Find(from) == nullptr ? kNotFound : refuseReplace;
         }
         if (error == 0) {
-            Node node = *Find(from);
-            const Node* old = Find(to);
-            node.name = to;
-            node.hidden = old != nullptr && old->hidden;
+            nodes_[UpperCase(to)] = *Find(from);
             nodes_.erase(UpperCase(from));
-            nodes_[UpperCase(to)] = node;
         }
         return error;
     }
@@ -140,7 +123,7 @@ public:
         madeFolders.push_back(path);
         const SystemError error = Step();
         if (error == 0) {
-            nodes_[UpperCase(path)] = Node{path, {}, true};
+            nodes_[UpperCase(path)] = Node{{}, true};
         }
         return error;
     }
@@ -194,9 +177,7 @@ private:
         SystemError Flush() override
         {
             const SystemError error = files_.Step();
-            if (error == 0) {
-                Node().onDisk = true;
-            }
+            Node().onDisk = Node().onDisk || error == 0;
             return error;
         }
         SystemError Close() override { return files_.Step(); }

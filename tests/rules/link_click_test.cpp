@@ -18,12 +18,10 @@ TEST(LinkClick, OpensMenusInPlace)
         {"C:\\Menus\\Sub.nvm", "C:\\Menus\\Sub.nvm"},
         {"C:\\My Menus\\Sub.NVM", "C:\\My Menus\\Sub.NVM"}, // the whole command, blanks and all
         {"\"C:\\My Menus\\Sub.nvm\"", "C:\\My Menus\\Sub.nvm"},
-        {"Sub.nvm /NV+", "Sub.nvm"},
         {"\"Sub.nvm\" /NV+ C:\\Work", "Sub.nvm"},
         {"notepad.exe Sub.nvm", "notepad.exe Sub.nvm"}, // its last extension says menu
         {"notepad.exe \"Sub.nvm\"", std::nullopt},
         {"Sub.nvmx", std::nullopt},
-        {"nvm", std::nullopt},
         {"", std::nullopt},
         {"/NV+", std::nullopt},
     };
@@ -35,16 +33,6 @@ TEST(LinkClick, OpensMenusInPlace)
             EXPECT_EQ(call.rfind("find", 0), 0u) << call; // asked, never started
         }
     }
-}
-
-TEST(LinkClick, RunsTheLauncherByItsFullPath)
-{
-    FakeShell shell;
-    shell.answers["C:\\My Menus\\NVSUB.exe"] = {33, "C:\\My Menus\\NVSUB.exe"};
-    ShellExe shellExe(shell, "C:\\My Menus");
-    LaunchLink(shellExe, 7, "nvsub a.exe b /NV+");
-    EXPECT_EQ(shell.calls.back(), "shell 7 open [C:\\My Menus\\NVSUB.exe] [ a.exe b] in "
-                                  "[\"C:\\My Menus\\NVSUB.exe\" a.exe b] show 3");
 }
 
 } // namespace

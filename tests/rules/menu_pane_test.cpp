@@ -1,11 +1,10 @@
 #include "docs/menu_line.h"
 #include "fakes/fake_measure.h"
+#include "fakes/fake_pump.h"
 #include "fakes/fake_shell.h"
-#include "mainwindow/history.h"
 #include "mainwindow/menu_pane.h"
 #include "platform/system_colors.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
@@ -52,33 +51,6 @@ TEST(Scrolling, FollowsTheHeights)
         }
     }
 }
-
-TEST(History, GivesBackTheLastFirst)
-{
-    History history;
-    history.Append("a");
-    history.Append("b");
-    EXPECT_EQ(history.TakeLast(), "b");
-    EXPECT_EQ(history.TakeLast(), "a");
-    EXPECT_EQ(history.TakeLast(), std::nullopt);
-}
-
-// A pump that does what a test wants after a number of lines.
-class TestPump final : public EventPump
-{
-public:
-    bool LetEventsThrough() override
-    {
-        ++calls;
-        if (afterEach) {
-            afterEach(calls);
-        }
-        return calls != endAt;
-    }
-    int calls = 0;
-    int endAt = -1;
-    std::function<void(int)> afterEach;
-};
 
 class TestIcons final : public IconLookup
 {
@@ -147,7 +119,7 @@ struct PaneTest : public testing::Test, private PaneHost {
     LinkPictures pictures{shellExe, icons};
     MenuLines lines;
     Font defaultFont;
-    TestPump pump;
+    FakePump pump;
     MenuPane pane{*this, measure, pictures, CodePage(), lines, defaultFont};
     std::vector<std::uint32_t> clicked;
     std::vector<TwipRect> redrawn;
@@ -216,25 +188,13 @@ TEST_F(PaneTest, LinksAreMeasuredOnlyWhenSeen)
     EXPECT_LT(measure.measured, 200);
 }
 
-TEST_F(PaneTest, AnEndedLoadLeavesAWholeShorterColumn)
-{
-    AddLinks(10);
-    pump.endAt = 4;
-    EXPECT_FALSE(Load());
-    EXPECT_EQ(pane.Column().Links().size(), 4u);
-    Press(PaneKey::end);
-    Painted();
-    pane.FClear();
-    EXPECT_TRUE(pane.Column().Rows().empty());
-    EXPECT_EQ(pane.Column().Height(), 100);
-}
-
 TEST_F(PaneTest, LivesWhileItLoads)
 {
     AddLinks(300);
     Add(ItemType::vLabel, std::string(300, 'x'));
     AddLinks(300);
-    pump.afterEach = [this](int line) {
+    pump.whileThen = [this] {
+        const int line = pump.calls;
         switch (line % 7) {
         case 0:
             pane.ScrollBy(300);
@@ -269,84 +229,57 @@ TEST_F(PaneTest, LivesWhileItLoads)
 TEST_F(PaneTest, ClicksOnReleaseWhereverItWasPressed)
 {
     Add(ItemType::vLabel, "no link");
-    AddLinks(3); // tops 460, 920, 1380; heights 360
+    AddLinks(40); // tops 460, 920, 1380; heights 360
     ASSERT_TRUE(Load());
     const Twips width = 100 + 6 * 80 + 500;
-    struct Case {
-        TwipPoint press;
-        TwipPoint release;
-        std::vector<std::uint32_t> clicked;
+    const std::pair<TwipPoint, std::vector<std::uint32_t>> cases[] = {
+        {{600, 1000}, {2}}, // pressed on another one
+        {{600, 870}, {}},   // between two links
+        {{539, 500}, {}},         {{540 + width - 1, 460}, {1}},
+        {{540 + width, 500}, {}}, {{300, 300}, {}}, // the label
     };
-    const Case cases[] = {
-        {{600, 500}, {600, 500}, {1}},
-        {{600, 500}, {600, 1000}, {2}}, // released over another one
-        {{5, 5}, {600, 500}, {1}},
-        {{600, 500}, {600, 870}, {}}, // between two links
-        {{600, 500}, {539, 500}, {}},
-        {{600, 500}, {540 + width - 1, 460}, {1}},
-        {{600, 500}, {540 + width, 500}, {}},
-        {{300, 300}, {300, 300}, {}}, // the label
-        {{600, 500}, {600, 4000}, {}},
-    };
-    for (const Case& c : cases) {
+    for (const auto& [release, expected] : cases) {
         clicked.clear();
-        pane.MouseDown(c.press);
-        pane.MouseUp(c.release);
-        EXPECT_EQ(clicked, c.clicked) << c.release.x << "," << c.release.y;
+        pane.MouseDown({600, 500});
+        pane.MouseUp(release);
+        EXPECT_EQ(clicked, expected) << release.x << "," << release.y;
     }
     pane.MouseMove({600, 1000});
     EXPECT_EQ(pane.HoveredTip(), "prog1");
     EXPECT_EQ(pane.HoveredArea(), (TwipRect{540, 920, width, 360}));
     EXPECT_EQ(Painted().frames.size(), 1u);
-    pane.MouseLeave();
+    pane.ScrollBy(460); // the link below comes under the mouse, then the room between two
+    EXPECT_EQ(pane.HoveredTip(), "prog2");
+    pane.ScrollBy(340);
     EXPECT_EQ(pane.HoveredArea(), std::nullopt);
 }
 
 TEST_F(PaneTest, ScrollingMovesTheFocusToTheFirstLink)
 {
-    AddLinks(40);
+    AddLinks(1);
+    Add(ItemType::vLabel, std::string(9000, 'x'));
+    ASSERT_TRUE(Load());
+    pane.ScrollBy(500);
+    EXPECT_EQ(focusTaken, 0); // not to one alone
+    AddLinks(39);
     ASSERT_TRUE(Load());
     Press(PaneKey::down, 3);
-    EXPECT_EQ(pane.FocusedLink(), 3u);
     focusTaken = 0;
     pane.ScrollBy(500);
     EXPECT_EQ(pane.FocusedLink(), 0u);
     EXPECT_EQ(focusTaken, 1);
-    Press(PaneKey::down); // goes on from what the user sees
-    EXPECT_TRUE(FocusInView());
-    EXPECT_GT(*pane.FocusedLink(), 0u);
-    focusTaken = 0;
     pane.Drag(2000);
-    EXPECT_EQ(focusTaken, 0); // not while the thumb is held
+    EXPECT_EQ(focusTaken, 1); // not while the thumb is held
     pane.EndDrag();
-    EXPECT_EQ(focusTaken, 1);
-    EXPECT_EQ(pane.FocusedLink(), 0u);
+    EXPECT_EQ(focusTaken, 2);
     EXPECT_EQ(pane.Scroll().Top(), -2000);
     pane.EndDrag(); // nothing was dragged
-    EXPECT_EQ(focusTaken, 1);
-}
-
-TEST_F(PaneTest, TheHoverStaysUnderTheMouseWhenTheColumnMoves)
-{
-    AddLinks(40); // tops 150, 610, ...
-    ASSERT_TRUE(Load());
-    pane.MouseMove({600, 200});
-    EXPECT_EQ(pane.HoveredTip(), "prog0");
-    pane.ScrollBy(460);
-    EXPECT_EQ(pane.HoveredTip(), "prog1");
-    pane.ScrollBy(340); // between two links
-    EXPECT_EQ(pane.HoveredArea(), std::nullopt);
-}
-
-TEST_F(PaneTest, OneLinkAloneIsNotGivenTheFocusByScrolling)
-{
-    AddLinks(1);
-    for (int count = 0; count < 30; ++count) {
-        Add(ItemType::vLabel, "text");
-    }
-    ASSERT_TRUE(Load());
-    pane.ScrollBy(500);
-    EXPECT_EQ(focusTaken, 0);
+    EXPECT_EQ(focusTaken, 2);
+    Press(PaneKey::end);
+    pane.ScrollBy(-900);
+    Press(PaneKey::down); // goes on from what the user sees
+    EXPECT_TRUE(FocusInView());
+    EXPECT_GT(*pane.FocusedLink(), 1u);
 }
 
 TEST_F(PaneTest, KeysMoveTheFocusAndKeepItInView)
@@ -390,9 +323,7 @@ TEST_F(PaneTest, KeysMoveTheFocusAndKeepItInView)
 
 TEST_F(PaneTest, TextWithoutLinksIsReadByKeys)
 {
-    for (int count = 0; count < 100; ++count) {
-        Add(ItemType::vLabel, "text"); // 310 each
-    }
+    Add(ItemType::vLabel, std::string(9000, 'x'));
     ASSERT_TRUE(Load());
     Press(PaneKey::pageDown);
     EXPECT_EQ(pane.Scroll().Top(), -5000);
@@ -402,7 +333,6 @@ TEST_F(PaneTest, TextWithoutLinksIsReadByKeys)
     EXPECT_EQ(pane.Scroll().Value(), pane.Scroll().Maximum());
     Press(PaneKey::home);
     EXPECT_EQ(pane.Scroll().Value(), 0);
-    Press(PaneKey::press);
     EXPECT_FALSE(pane.Key(PaneKey::nextLink));
 }
 
@@ -426,20 +356,17 @@ TEST_F(PaneTest, TitlesTypeWhileAnyIsUnfinished)
 {
     Add(ItemType::vTitle, "ab");
     Add(ItemType::vTitle, "");
-    ASSERT_TRUE(Load());
-    EXPECT_TRUE(ticking);
-    EXPECT_EQ(Painted().texts.size(), 0u);
-    const char* const shown[] = {"", "a", "ab"};
-    for (const char* text : shown) {
-        EXPECT_TRUE(ticking);
-        pane.Tick();
-        const FakeCanvas canvas = Painted();
-        EXPECT_EQ(canvas.texts.empty() ? "" : canvas.texts[0].text, text);
+    for (int load = 0; load < 2; ++load) { // the same menu again starts from nothing
+        ASSERT_TRUE(Load());
+        EXPECT_TRUE(Painted().texts.empty());
+        for (const char* const text : {"", "a", "ab"}) {
+            EXPECT_TRUE(ticking);
+            pane.Tick();
+            const FakeCanvas canvas = Painted();
+            EXPECT_EQ(canvas.texts.empty() ? "" : canvas.texts[0].text, text);
+        }
+        EXPECT_FALSE(ticking);
     }
-    EXPECT_FALSE(ticking);
-    ASSERT_TRUE(Load()); // the same menu again starts from nothing
-    EXPECT_TRUE(ticking);
-    EXPECT_TRUE(Painted().texts.empty());
 }
 
 TEST_F(PaneTest, PicturesAreAskedForOnceAndOnlyInView)
@@ -479,17 +406,25 @@ TEST_F(PaneTest, PicturesAreAskedForOnceAndOnlyInView)
     EXPECT_EQ(icons.asked.count("prog90"), 0u);
 }
 
-TEST_F(PaneTest, AnEmptyMenuSaysSo)
+TEST_F(PaneTest, HasLittleToShow)
 {
+    AddLinks(10);
+    pump.endAt = 4; // an ended load leaves a whole, shorter column
+    EXPECT_FALSE(Load());
+    EXPECT_EQ(pane.Column().Links().size(), 4u);
+    Press(PaneKey::end);
+    EXPECT_EQ(pane.FocusedLink(), 3u);
+    lines.Clear();
     pane.SetEmptyText("nothing here");
     ASSERT_TRUE(Load());
+    EXPECT_EQ(pane.Column().Height(), 100);
     EXPECT_EQ(Painted().texts.at(0).text, "nothing here");
-    Press(PaneKey::down);
-    Press(PaneKey::end);
-    Press(PaneKey::press);
+    for (const PaneKey key : {PaneKey::down, PaneKey::end, PaneKey::press}) {
+        Press(key);
+    }
     pane.MouseUp({600, 500});
     EXPECT_TRUE(clicked.empty());
-    EXPECT_TRUE(pane.Scroll().Shown() == false);
+    EXPECT_FALSE(pane.Scroll().Shown());
 }
 
 } // namespace

