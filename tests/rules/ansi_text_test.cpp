@@ -9,11 +9,7 @@ namespace
 
 TEST(AnsiText, ParsesWholeNumbers)
 {
-    struct Case {
-        const char* text;
-        std::optional<std::int32_t> value;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, std::optional<std::int32_t>> cases[] = {
         {"0", 0},
         {" 12 ", 12},
         {"+7", 7},
@@ -22,20 +18,13 @@ TEST(AnsiText, ParsesWholeNumbers)
         {"8.5", 8}, // halves go to the even neighbour
         {"9.5", 10},
         {"-857,1429", -857},
-        {"", std::nullopt},
-        {"-", std::nullopt},
-        {".", std::nullopt},
-        {"1.2.3", std::nullopt},
-        {"12pt", std::nullopt},
-        {"1e3", std::nullopt},
-        {"inf", std::nullopt},
-        {"--1", std::nullopt},
-        {"+-1", std::nullopt},
-        {"2147483648", std::nullopt},
-        {"99999999999999999999999999", std::nullopt},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(ParseInteger(c.text), c.value) << c.text;
+    for (const auto& [text, value] : cases) {
+        EXPECT_EQ(ParseInteger(text), value) << text;
+    }
+    for (const char* text : {"", "-", ".", "1.2.3", "12pt", "1e3", "inf", "--1", "+-1",
+                             "2147483648", "99999999999999999999999999"}) {
+        EXPECT_EQ(ParseInteger(text), std::nullopt) << text;
     }
 }
 
