@@ -90,36 +90,33 @@ TEST(MenuDocument, ReportsItsStepsInOrder)
 TEST(MenuDocument, AsksAboutUnsavedChangesBeforeAnotherMenu)
 {
     struct Case {
-        Answer answer;
-        bool fails; // the save
+        std::vector<Answer> answers;
+        std::size_t room; // on the disk
         bool opened;
         std::string saved;
     };
     const Case cases[] = {
-        {Answer::yes, false, true, "edited\r\ntwo\r\nthree\r\n"},
-        {Answer::yes, true, false, "one\r\ntwo\r\nthree\r\n"},
-        {Answer::no, false, true, "one\r\ntwo\r\nthree\r\n"},
-        {Answer::cancel, false, false, "one\r\ntwo\r\nthree\r\n"},
+        {{Answer::yes}, SIZE_MAX, true, "edited\r\ntwo\r\nthree\r\n"},
+        {{Answer::yes, Answer::ok}, 3, false, "one\r\ntwo\r\nthree\r\n"},
+        {{Answer::no}, SIZE_MAX, true, "one\r\ntwo\r\nthree\r\n"},
+        {{Answer::cancel}, SIZE_MAX, false, "one\r\ntwo\r\nthree\r\n"},
     };
     for (const Case& c : cases) {
         Desk desk;
         desk.Open(true);
         desk.document.SetMCh(false); // an undone edit is unsaved all the same
         desk.document.Lines().Set(0, "edited");
-        desk.files.room = c.fails ? 3 : SIZE_MAX;
-        desk.prompts.Expect(c.answer);
-        if (c.fails) {
-            desk.prompts.Expect(Answer::ok);
+        desk.files.room = c.room;
+        for (const Answer answer : c.answers) {
+            desk.prompts.Expect(answer);
         }
         EXPECT_EQ(desk.document.FOpen(kOther), c.opened);
         EXPECT_EQ(desk.prompts.shown.front(), SaveQuestion(kStart));
         EXPECT_EQ(desk.files.Contents(kStart), c.saved);
-        EXPECT_EQ(desk.document.UnsavedChanges(), !c.opened);
-        EXPECT_EQ(desk.document.FFile(), c.opened ? kOther : kStart);
+        EXPECT_EQ(desk.State(),
+                  c.opened ? std::string(kOther) + " 1" : std::string(kStart) + " unsaved 3");
         const Log log = desk.events.Take();
-        const bool left =
-            std::find(log.begin(), log.end(), std::string("leaving ") + kStart) != log.end();
-        EXPECT_EQ(left, c.opened);
+        EXPECT_EQ(std::count(log.begin(), log.end(), std::string("leaving ") + kStart), c.opened);
     }
 }
 
@@ -176,29 +173,23 @@ TEST(MenuDocument, CreatesAMenuOverAnotherOnlyWhenAsked)
     const Shown question{std::string("File: ") + kOther +
                              " already exists.\n\nDo you want overwrite this file?",
                          PromptIcon::exclamation, PromptButtons::yesNo};
-    const Shown failed{"New Menu Could Not Be Created!", PromptIcon::exclamation,
-                       PromptButtons::ok};
     Desk desk;
-    for (const Answer answer : {Answer::no, Answer::cancel}) {
-        desk.prompts.Expect(answer);
-        EXPECT_FALSE(desk.document.CreateNewMenuFile(kOther));
-        EXPECT_EQ(desk.prompts.Take(), question);
+    for (const Answer answer : {Answer::no, Answer::cancel, Answer::yes}) {
         EXPECT_EQ(desk.files.Contents(kOther), "other\r\n");
+        desk.prompts.Expect(answer);
+        EXPECT_EQ(desk.document.CreateNewMenuFile(kOther), answer == Answer::yes);
+        EXPECT_EQ(desk.prompts.Take(), question);
     }
-    desk.prompts.Expect(Answer::yes);
-    EXPECT_TRUE(desk.document.CreateNewMenuFile(kOther));
     EXPECT_EQ(desk.files.Contents(kOther), "");
-
     // A folder of that name, and a disk that reports its failure only when the file is closed.
     desk.files.Find(kOther)->folder = true;
-    desk.prompts.shown.clear();
-    desk.prompts.Expect(Answer::ok);
-    EXPECT_FALSE(desk.document.CreateNewMenuFile(kOther));
-    EXPECT_EQ(desk.prompts.Take(), failed);
-    desk.files.failAt = desk.files.operations + 3;
-    desk.prompts.Expect(Answer::ok);
-    EXPECT_FALSE(desk.document.CreateNewMenuFile("C:\\Menus\\New.nvm"));
-    EXPECT_EQ(desk.prompts.Take(), failed);
+    desk.files.failAt = desk.files.operations + 5;
+    for (const char* path : {kOther, "C:\\Menus\\New.nvm"}) {
+        desk.prompts.Expect(Answer::ok);
+        EXPECT_FALSE(desk.document.CreateNewMenuFile(path));
+        EXPECT_EQ(desk.prompts.Take(), (Shown{"New Menu Could Not Be Created!",
+                                              PromptIcon::exclamation, PromptButtons::ok}));
+    }
 }
 
 // A part of a menu must not be left where a save would write it over the whole one.

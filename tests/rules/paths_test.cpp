@@ -35,16 +35,6 @@ TEST(Paths, AreSplitAtTheLastBackslash)
     EXPECT_EQ(parts.folder, "C:\\A");
 }
 
-TEST(Paths, HaveTheExtensionAfterTheLastPoint)
-{
-    const std::pair<const char*, const char*> cases[] = {
-        {"C:\\Start.nvm", "NVM"}, {"a.b.Nvm", "NVM"},     {"C:\\My.Menus\\Start", "MENUS\\START"},
-        {"C:\\Start", ""},        {"C:\\Start.nvm.", ""}, {"", ""}};
-    for (const auto& [path, extension] : cases) {
-        EXPECT_EQ(FileExtension(path), extension) << path;
-    }
-}
-
 TEST(Paths, AreMadeLevelByLevel)
 {
     const auto made = [](const std::string& folder, const CodePage& page = CodePage()) {

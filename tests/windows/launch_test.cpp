@@ -1,7 +1,6 @@
 // Links that start real programs, with and without the companion launcher.
 #include "mainwindow/shell_exe.h"
 #include "scratch_folder.h"
-#include "win32/handles.h"
 #include "win32/win_shell.h"
 
 #include <windows.h>
@@ -236,56 +235,50 @@ public:
         std::string commandLine = Quoted(program) + arguments;
         STARTUPINFOA startup = {};
         startup.cb = sizeof startup;
-        PROCESS_INFORMATION process = {};
-        if (CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                           nullptr, &startup, &process)) {
-            CloseHandle(process.hThread);
-            process_.Reset(process.hProcess);
-            id_ = process.dwProcessId;
-        }
+        EXPECT_TRUE(CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                                   nullptr, &startup, &process_));
+        CloseHandle(process_.hThread);
     }
     // One that waits for an answer would keep the test run waiting.
-    ~CompanionProcess() { TerminateProcess(process_.Get(), 99); }
+    ~CompanionProcess()
+    {
+        TerminateProcess(process_.hProcess, 99);
+        CloseHandle(process_.hProcess);
+    }
+    CompanionProcess(const CompanionProcess&) = delete;
+    CompanionProcess& operator=(const CompanionProcess&) = delete;
 
     // The message box it shows.
-    HWND Box()
+    HWND Box() const
     {
-        WaitUntil([this] { return FindBox() != nullptr; });
-        return FindBox();
+        HWND box = nullptr;
+        WaitUntil([&] {
+            DWORD owner = 0;
+            do {
+                box = FindWindowExA(nullptr, box, "#32770", nullptr);
+                GetWindowThreadProcessId(box, &owner);
+            } while (box != nullptr && (owner != process_.dwProcessId || !IsWindowVisible(box)));
+            return box != nullptr;
+        });
+        return box;
     }
-
-    DWORD ExitCode()
+    DWORD ExitCode() const
     {
         DWORD code = 0;
-        WaitForSingleObject(process_.Get(), kDeadline);
-        GetExitCodeProcess(process_.Get(), &code);
+        WaitForSingleObject(process_.hProcess, kDeadline);
+        GetExitCodeProcess(process_.hProcess, &code);
         return code;
     }
 
 private:
-    HWND FindBox()
-    {
-        HWND box = nullptr;
-        while ((box = FindWindowExA(nullptr, box, "#32770", nullptr)) != nullptr) {
-            DWORD owner = 0;
-            GetWindowThreadProcessId(box, &owner);
-            if (owner == id_ && IsWindowVisible(box)) {
-                return box;
-            }
-        }
-        return nullptr;
-    }
-
-    KernelHandle process_;
-    DWORD id_ = 0;
+    PROCESS_INFORMATION process_ = {};
 };
 
 std::string TextOf(HWND window)
 {
     char text[2000] = "";
-    DWORD_PTR length = 0;
     SendMessageTimeoutA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text),
-                        SMTO_ABORTIFHUNG, kDeadline, &length);
+                        SMTO_ABORTIFHUNG, kDeadline, nullptr);
     return text;
 }
 

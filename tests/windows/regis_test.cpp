@@ -79,26 +79,30 @@ TEST_F(RegisTest, ReadsTheDefaultOfWhatIsNotThereAndCreatesNothing)
 
 TEST_F(RegisTest, WritesTextAndNumbers)
 {
-    using std::string_literals::operator""s;
-    EXPECT_EQ(regis.SetKeyValue("Settings", "StartOpen", 1), 0); // the section is made on demand
-    EXPECT_EQ(Raw("StartOpen"), (std::pair<DWORD, std::string>(REG_SZ, "1\0"s)));
-    EXPECT_EQ(regis.GetKeyValue("Settings", "StartOpen", fallback), SettingValue("1"));
-
-    EXPECT_EQ(regis.SetKeyValue("Settings", "Home", "C:\\\xE9.nvm"), 0);
-    EXPECT_EQ(Raw("Home"), (std::pair<DWORD, std::string>(REG_SZ, "C:\\\xE9.nvm\0"s)));
-    EXPECT_EQ(regis.GetKeyValue("Settings", "Home", fallback), SettingValue("C:\\\xE9.nvm"));
-
-    EXPECT_EQ(regis.SetKeyValue("Settings", "Empty", ""), 0);
-    EXPECT_EQ(regis.GetKeyValue("Settings", "Empty", fallback), SettingValue(""));
-
-    EXPECT_EQ(regis.SetKeyValue("Settings", "Number", "-2", SettingType::number), 0);
-    EXPECT_EQ(Raw("Number"), (std::pair<DWORD, std::string>(REG_DWORD, "\xFE\xFF\xFF\xFF")));
-    EXPECT_EQ(regis.GetKeyValue("Settings", "Number", fallback), SettingValue(-2));
-
-    EXPECT_NE(regis.SetKeyValue("Settings", "Number", "two", SettingType::number), 0);
-    EXPECT_EQ(regis.GetKeyValue("Settings", "Number", fallback), SettingValue(-2));
-    EXPECT_EQ(regis.SetKeyValue("Settings", "Bytes", "x", static_cast<SettingType>(REG_BINARY)), 0);
-    EXPECT_EQ(regis.GetKeyValue("Settings", "Bytes", fallback), fallback);
+    const std::string text = "C:\\\xE9.nvm";
+    const auto binary = static_cast<SettingType>(REG_BINARY);
+    struct Case {
+        SettingValue value;
+        SettingType type;
+        DWORD stored;
+        std::string bytes;
+        SettingValue read;
+    };
+    const Case cases[] = {
+        {1, SettingType::byDefault, REG_SZ, std::string("1", 2), "1"},
+        {text, SettingType::byDefault, REG_SZ, text + '\0', text},
+        {"", SettingType::byDefault, REG_SZ, std::string(1, '\0'), ""},
+        {"-2", SettingType::number, REG_DWORD, "\xFE\xFF\xFF\xFF", -2},
+    };
+    for (const Case& c : cases) { // the section is made on demand
+        EXPECT_EQ(regis.SetKeyValue("Settings", "Value", c.value, c.type), 0);
+        EXPECT_EQ(Raw("Value"), (std::pair<DWORD, std::string>(c.stored, c.bytes)));
+        EXPECT_EQ(regis.GetKeyValue("Settings", "Value", fallback), c.read);
+    }
+    // Neither of these writes anything.
+    EXPECT_NE(regis.SetKeyValue("Settings", "Value", "two", SettingType::number), 0);
+    EXPECT_EQ(regis.SetKeyValue("Settings", "Value", "x", binary), 0);
+    EXPECT_EQ(regis.GetKeyValue("Settings", "Value", fallback), SettingValue(-2));
 }
 
 TEST_F(RegisTest, ReadsWhatOtherProgramsWrote)

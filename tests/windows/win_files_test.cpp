@@ -1,6 +1,7 @@
 #include "scratch_folder.h"
 #include "win32/win_files.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
 
 namespace nv
@@ -10,16 +11,8 @@ namespace
 
 std::string ReadFile(const std::string& path)
 {
-    WinFiles files;
-    SystemError error = 0;
-    const auto file = files.Open(path, OpenMode::read, error);
-    if (file == nullptr) {
-        return "(" + files.Describe(error) + ")";
-    }
-    char buffer[100] = {};
-    std::size_t got = 0;
-    EXPECT_EQ(file->Read(buffer, sizeof buffer, got), 0u);
-    return std::string(buffer, got);
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 SystemError WriteFile(const std::string& path, OpenMode mode, const std::string& text)

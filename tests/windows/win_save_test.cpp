@@ -10,6 +10,7 @@
 #include "win32/handles.h"
 #include "win32/win_files.h"
 
+#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -20,17 +21,8 @@ namespace
 
 std::string Contents(const std::string& path)
 {
-    const FileHandle file(CreateFileA(path.c_str(), GENERIC_READ,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, 0, nullptr));
-    if (!file) {
-        return "(none)";
-    }
-    std::string contents(GetFileSize(file.Get(), nullptr), '\0');
-    DWORD got = 0;
-    EXPECT_TRUE(
-        ReadFile(file.Get(), contents.data(), static_cast<DWORD>(contents.size()), &got, nullptr));
-    return contents.substr(0, got);
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 struct Desk {
