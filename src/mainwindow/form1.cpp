@@ -165,12 +165,6 @@ void Form1::OnClose()
     });
 }
 
-bool Form1::OnQueryEndSession()
-{
-    pump_.EndWork(); // a load that is under way
-    return document_.MayClose();
-}
-
 void Form1::StorePlacement()
 {
     if (!IsIconic(Handle()) && !IsZoomed(Handle())) {

@@ -44,7 +44,6 @@ public:
     bool StartUp(std::string_view arguments, int showCommand);
 
     const MenuDocument& Document() const { return document_; }
-    const History& LHis() const { return history_; }
     MenuView& View() { return view_; }
 
 protected:
@@ -77,7 +76,6 @@ private:
     bool OnKeyDown(const MSG& message);
     void OnSize();
     void OnClose();
-    bool OnQueryEndSession();
     void OnDestroy();
     void StorePlacement();
     void OnActivate(bool active);

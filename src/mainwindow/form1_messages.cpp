@@ -45,7 +45,7 @@ std::optional<LRESULT> Form1::Route(UINT message, WPARAM wParam, LPARAM lParam)
         OnClose();
         return 0;
     case WM_QUERYENDSESSION:
-        return OnQueryEndSession();
+        return document_.MayClose();
     case WM_ENDSESSION:
         if (wParam != 0) {
             StorePlacement();

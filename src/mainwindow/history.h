@@ -22,7 +22,6 @@ public:
         paths_.pop_back();
         return last;
     }
-    const std::vector<std::string>& Paths() const { return paths_; }
 
 private:
     std::vector<std::string> paths_;

@@ -49,10 +49,11 @@ bool MenuPane::LoadFields(EventPump& pump)
     if (!focusedLink_ && !column_.Links().empty()) {
         SetFocusedLink(0);
     }
-    SC();
-    if (scrolling_.SetValue(0) || std::exchange(scrolledBack_, false)) {
+    const bool moved = std::exchange(scrolledBack_, false);
+    if (scrolling_.SetValue(0) || moved) {
         ValueChanged();
     }
+    SC();
     RedrawAll();
     FollowMouse();
     return true;

@@ -84,7 +84,6 @@ template <class Handle> struct GdiTraits {
     static void Release(Type handle) { DeleteObject(handle); }
 };
 using FontHandle = UniqueHandle<GdiTraits<HFONT>>;
-using BrushHandle = UniqueHandle<GdiTraits<HBRUSH>>;
 using BitmapHandle = UniqueHandle<GdiTraits<HBITMAP>>;
 
 struct IconTraits {
