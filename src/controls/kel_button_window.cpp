@@ -1,14 +1,13 @@
 #include "controls/kel_button_window.h"
 
 #include "platform/system_colors.h"
-#include "win32/gdi_canvas.h"
 #include "win32/screen.h"
 
 namespace nv
 {
 
 KelButtonWindow::KelButtonWindow(GdiText& text, Pictures& pictures)
-    : text_(text), pictures_(pictures), button_(text)
+    : PaintedWindow(text, pictures), button_(text)
 {
 }
 
@@ -38,14 +37,9 @@ void KelButtonWindow::MoveTo(const TwipRect& area)
     button_.Resize({area.width, area.height});
 }
 
-std::optional<LRESULT> KelButtonWindow::Route(UINT message, WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> KelButtonWindow::RouteInput(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_PAINT:
-        OnPaint();
-        return 0;
-    case WM_ERASEBKGND:
-        return 1;
     case WM_MOUSEMOVE:
         OnMouseMove();
         return 0;
@@ -90,13 +84,11 @@ std::optional<LRESULT> KelButtonWindow::Route(UINT message, WPARAM wParam, LPARA
     }
 }
 
-void KelButtonWindow::OnPaint()
+void KelButtonWindow::Paint(Canvas& canvas, const TwipRect& clip)
 {
-    PaintBuffered(Handle(), text_, pictures_, [this](Canvas& canvas, const TwipRect& clip) {
-        canvas.Fill(clip, kButtonFace);
-        const TwipSize size = button_.Size();
-        button_.Paint(canvas, {0, 0, size.width, size.height}, clip, look_);
-    });
+    canvas.Fill(clip, kButtonFace);
+    const TwipSize size = button_.Size();
+    button_.Paint(canvas, {0, 0, size.width, size.height}, clip, look_);
 }
 
 void KelButtonWindow::OnMouseMove()

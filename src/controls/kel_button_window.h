@@ -1,16 +1,14 @@
 #pragma once
 
 #include "controls/kel_button.h"
-#include "win32/gdi_text.h"
-#include "win32/pictures.h"
-#include "win32/window.h"
+#include "win32/painted_window.h"
 
 namespace nv
 {
 
 // A KelButton as a child window: paints it, gives it the mouse, the keyboard (Space and Enter) and
 // a visible focus.
-class KelButtonWindow final : public Window
+class KelButtonWindow final : public PaintedWindow
 {
 public:
     // Both must outlive the window.
@@ -26,16 +24,14 @@ public:
     void MoveTo(const TwipRect& area);
 
 protected:
-    std::optional<LRESULT> Route(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> RouteInput(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void Paint(Canvas& canvas, const TwipRect& clip) override;
 
 private:
-    void OnPaint();
     void OnMouseMove();
     void OnKey(WPARAM key, bool down);
     void SetLook(const ButtonLook& look);
 
-    GdiText& text_;
-    Pictures& pictures_;
     KelButton button_;
     ButtonLook look_;
 };

@@ -1,7 +1,6 @@
 #include "controls/kel_pic_window.h"
 
 #include "platform/system_colors.h"
-#include "win32/gdi_canvas.h"
 
 namespace nv
 {
@@ -14,7 +13,7 @@ constexpr UINT_PTR kTypingTimer = 1;
 } // namespace
 
 KelPicWindow::KelPicWindow(GdiText& text, Pictures& pictures, const CodePage& codePage)
-    : text_(text), pictures_(pictures), pic_(codePage)
+    : PaintedWindow(text, pictures), pic_(codePage)
 {
 }
 
@@ -30,14 +29,9 @@ void KelPicWindow::SetCaption(const std::string& caption)
     RunTimer();
 }
 
-std::optional<LRESULT> KelPicWindow::Route(UINT message, WPARAM, LPARAM)
+std::optional<LRESULT> KelPicWindow::RouteInput(UINT message, WPARAM, LPARAM)
 {
     switch (message) {
-    case WM_PAINT:
-        OnPaint();
-        return 0;
-    case WM_ERASEBKGND:
-        return 1;
     case WM_TIMER:
         OnTimer();
         return 0;
@@ -63,12 +57,10 @@ void KelPicWindow::RunTimer()
     SetTimer(Handle(), kTypingTimer, static_cast<UINT>(runningInterval_), nullptr);
 }
 
-void KelPicWindow::OnPaint()
+void KelPicWindow::Paint(Canvas& canvas, const TwipRect& clip)
 {
-    PaintBuffered(Handle(), text_, pictures_, [this](Canvas& canvas, const TwipRect& clip) {
-        canvas.Fill(clip, kButtonFace);
-        canvas.Text({0, 0}, pic_.Font(), pic_.FontColor(), pic_.Shown());
-    });
+    canvas.Fill(clip, kButtonFace);
+    canvas.Text({0, 0}, pic_.Font(), pic_.FontColor(), pic_.Shown());
 }
 
 } // namespace nv

@@ -1,15 +1,13 @@
 #pragma once
 
 #include "controls/kel_pic.h"
-#include "win32/gdi_text.h"
-#include "win32/pictures.h"
-#include "win32/window.h"
+#include "win32/painted_window.h"
 
 namespace nv
 {
 
 // A KelPic as a child window with a timer of its own: the open menu's title.
-class KelPicWindow final : public Window
+class KelPicWindow final : public PaintedWindow
 {
 public:
     // Both must outlive the window.
@@ -21,15 +19,13 @@ public:
     void SetCaption(const std::string& caption);
 
 protected:
-    std::optional<LRESULT> Route(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> RouteInput(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void Paint(Canvas& canvas, const TwipRect& clip) override;
 
 private:
-    void OnPaint();
     void OnTimer();
     void RunTimer();
 
-    GdiText& text_;
-    Pictures& pictures_;
     KelPic pic_;
     std::int16_t runningInterval_ = 0; // milliseconds of the timer as it was last set
 };

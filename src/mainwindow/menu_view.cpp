@@ -1,7 +1,6 @@
 #include "mainwindow/menu_view.h"
 
 #include "controls/kel_pic.h"
-#include "win32/gdi_canvas.h"
 #include "win32/screen.h"
 
 #include <windows.h>
@@ -57,7 +56,7 @@ bool Pressed(int key)
 
 MenuView::MenuView(GdiText& text, Pictures& pictures, LinkPictures& links, const CodePage& codePage,
                    const MenuLines& lines, const Font& defaultFont)
-    : text_(text), pictures_(pictures), pane_(*this, text, links, codePage, lines, defaultFont)
+    : PaintedWindow(text, pictures), pane_(*this, text, links, codePage, lines, defaultFont)
 {
 }
 
@@ -86,14 +85,9 @@ void MenuView::CreateTip()
     SendMessageA(tip_, TTM_SETMAXTIPWIDTH, 0, text_.Scale().PixelsX(9000));
 }
 
-std::optional<LRESULT> MenuView::Route(UINT message, WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> MenuView::RouteInput(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_PAINT:
-        OnPaint();
-        return 0;
-    case WM_ERASEBKGND:
-        return 1;
     case WM_SIZE:
         OnSize();
         return 0;
@@ -161,10 +155,9 @@ std::optional<LRESULT> MenuView::RouteMouse(UINT message, WPARAM wParam, LPARAM 
     }
 }
 
-void MenuView::OnPaint()
+void MenuView::Paint(Canvas& canvas, const TwipRect& clip)
 {
-    PaintBuffered(Handle(), text_, pictures_,
-                  [this](Canvas& canvas, const TwipRect& clip) { pane_.Paint(canvas, clip); });
+    pane_.Paint(canvas, clip);
 }
 
 int MenuView::BarWidth() const

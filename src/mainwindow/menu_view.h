@@ -1,9 +1,7 @@
 #pragma once
 
 #include "mainwindow/menu_pane.h"
-#include "win32/gdi_text.h"
-#include "win32/pictures.h"
-#include "win32/window.h"
+#include "win32/painted_window.h"
 
 #include <functional>
 
@@ -12,7 +10,7 @@ namespace nv
 
 // The view panel P2 as a window: one window that paints the rows in view, with the scroll bar VS1
 // beside them.
-class MenuView final : public Window, private PaneHost
+class MenuView final : public PaintedWindow, private PaneHost
 {
 public:
     // All must outlive the view. lines, defaultFont: the document's.
@@ -25,11 +23,11 @@ public:
     std::function<void(std::uint32_t)> EntryClick;
 
 protected:
-    std::optional<LRESULT> Route(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> RouteInput(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void Paint(Canvas& canvas, const TwipRect& clip) override;
 
 private:
     std::optional<LRESULT> RouteMouse(UINT message, WPARAM wParam, LPARAM lParam);
-    void OnPaint();
     void OnSize();
     void OnScroll(WORD request);
     void OnWheel(short delta);
@@ -51,8 +49,6 @@ private:
     void HoverChanged() override;
     void EntryClicked(std::uint32_t entry) override;
 
-    GdiText& text_;
-    Pictures& pictures_;
     MenuPane pane_;
     Scrolling shownScroll_;      // what the scroll bar was last told
     Twips shownHeight_ = 0;      // of the column when the window was last brought up to date

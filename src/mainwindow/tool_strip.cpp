@@ -1,7 +1,6 @@
 #include "mainwindow/tool_strip.h"
 
 #include "platform/system_colors.h"
-#include "win32/gdi_canvas.h"
 
 namespace nv
 {
@@ -29,7 +28,7 @@ const std::array<ToolStrip::Place, 9> ToolStrip::kPlaces = {{
 }};
 
 ToolStrip::ToolStrip(GdiText& text, Pictures& pictures, std::function<void(Command)> run)
-    : text_(text), pictures_(pictures), run_(std::move(run))
+    : PaintedWindow(text, pictures), run_(std::move(run))
 {
 }
 
@@ -75,32 +74,17 @@ void ToolStrip::SetFacts(const Facts& facts)
     }
 }
 
-std::optional<LRESULT> ToolStrip::Route(UINT message, WPARAM, LPARAM)
+void ToolStrip::Paint(Canvas& canvas, const TwipRect& clip)
 {
-    switch (message) {
-    case WM_PAINT:
-        OnPaint();
-        return 0;
-    case WM_ERASEBKGND:
-        return 1;
-    default:
-        return std::nullopt;
+    canvas.Fill(clip, kButtonFace);
+    const ScreenScale& scale = text_.Scale();
+    const Twips x = scale.TwipsX(1);
+    const Twips y = scale.TwipsY(1);
+    for (const TwipRect& area : areas_) {
+        // One pixel wide, right at the button's edge.
+        canvas.Frame({area.left - x, area.top - y, area.width + 2 * x, area.height + 2 * y},
+                     kButtonShadow, kHighlight3D);
     }
-}
-
-void ToolStrip::OnPaint()
-{
-    PaintBuffered(Handle(), text_, pictures_, [this](Canvas& canvas, const TwipRect& clip) {
-        canvas.Fill(clip, kButtonFace);
-        const ScreenScale& scale = text_.Scale();
-        const Twips x = scale.TwipsX(1);
-        const Twips y = scale.TwipsY(1);
-        for (const TwipRect& area : areas_) {
-            // One pixel wide, right at the button's edge.
-            canvas.Frame({area.left - x, area.top - y, area.width + 2 * x, area.height + 2 * y},
-                         kButtonShadow, kHighlight3D);
-        }
-    });
 }
 
 } // namespace nv

@@ -12,7 +12,7 @@ namespace nv
 
 // The toolbar strip T1: a column of buttons, each for one command. In locked mode only its upper
 // part stays in view.
-class ToolStrip final : public Window
+class ToolStrip final : public PaintedWindow
 {
 public:
     // Both must outlive the strip. run: called on a click; may re-enter.
@@ -28,7 +28,7 @@ public:
     static constexpr Twips kLockedHeight = 2200;
 
 protected:
-    std::optional<LRESULT> Route(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void Paint(Canvas& canvas, const TwipRect& clip) override;
 
 private:
     struct Place {
@@ -39,10 +39,6 @@ private:
     };
     static const std::array<Place, 9> kPlaces;
 
-    void OnPaint();
-
-    GdiText& text_;
-    Pictures& pictures_;
     std::function<void(Command)> run_;
     std::array<std::unique_ptr<KelButtonWindow>, 9> buttons_;
     std::array<TwipRect, 9> areas_;

@@ -1,5 +1,7 @@
 #include "win32/gdi_canvas.h"
 
+#include "win32/screen.h"
+
 #include <algorithm>
 
 namespace nv

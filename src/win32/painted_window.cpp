@@ -1,0 +1,78 @@
+#include "win32/painted_window.h"
+
+#include "win32/gdi_canvas.h"
+#include "win32/screen.h"
+
+namespace nv
+{
+
+namespace
+{
+
+// The invalid part of a window, painted on a bitmap that is then copied.
+class BufferedPaint
+{
+public:
+    explicit BufferedPaint(HWND window) : window_(window), target_(BeginPaint(window, &paint_))
+    {
+        if (Width() > 0 && Height() > 0) {
+            memory_.Reset(CreateCompatibleDC(target_));
+            bitmap_.Reset(CreateCompatibleBitmap(target_, Width(), Height()));
+            oldBitmap_ = SelectObject(memory_.Get(), bitmap_.Get());
+            SetViewportOrgEx(memory_.Get(), -Part().left, -Part().top, nullptr);
+        }
+    }
+    ~BufferedPaint()
+    {
+        if (memory_) {
+            BitBlt(target_, Part().left, Part().top, Width(), Height(), memory_.Get(), Part().left,
+                   Part().top, SRCCOPY);
+            SelectObject(memory_.Get(), oldBitmap_);
+        }
+        EndPaint(window_, &paint_);
+    }
+    BufferedPaint(const BufferedPaint&) = delete;
+    BufferedPaint& operator=(const BufferedPaint&) = delete;
+
+    // Null when there is nothing to paint.
+    HDC Dc() const { return memory_.Get(); }
+    const RECT& Part() const { return paint_.rcPaint; }
+
+private:
+    int Width() const { return Part().right - Part().left; }
+    int Height() const { return Part().bottom - Part().top; }
+
+    HWND window_;
+    PAINTSTRUCT paint_ = {};
+    HDC target_;
+    BitmapHandle bitmap_; // outlives the context that it is selected into
+    MemoryDc memory_;
+    HGDIOBJ oldBitmap_ = nullptr;
+};
+
+} // namespace
+
+std::optional<LRESULT> PaintedWindow::Route(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_PAINT: {
+        const BufferedPaint paint(Handle());
+        if (paint.Dc() != nullptr) {
+            GdiCanvas canvas(paint.Dc(), text_, pictures_);
+            Paint(canvas, ToTwips(paint.Part(), text_.Scale()));
+        }
+        return 0;
+    }
+    case WM_ERASEBKGND:
+        return 1;
+    default:
+        return RouteInput(message, wParam, lParam);
+    }
+}
+
+std::optional<LRESULT> PaintedWindow::RouteInput(UINT, WPARAM, LPARAM)
+{
+    return std::nullopt;
+}
+
+} // namespace nv
