@@ -59,6 +59,15 @@ std::string_view CodePage::FirstCharacters(std::string_view text, std::size_t co
     return text.substr(0, at);
 }
 
+std::string_view CodePage::WholeCharacters(std::string_view text, std::size_t bytes) const
+{
+    std::size_t at = 0;
+    while (at < text.size() && at + CharacterLength(text, at) <= bytes) {
+        at += CharacterLength(text, at);
+    }
+    return text.substr(0, at);
+}
+
 std::size_t CodePage::FindLast(std::string_view text, char ch) const
 {
     std::size_t found = std::string_view::npos;

@@ -29,6 +29,8 @@ public:
     std::size_t CountCharacters(std::string_view text) const;
     // The first count characters of text, or all of it.
     std::string_view FirstCharacters(std::string_view text, std::size_t count) const;
+    // As many whole characters as fit into that many bytes.
+    std::string_view WholeCharacters(std::string_view text, std::size_t bytes) const;
     // Position (from 0) of the last ch in text that is a character of its own; npos if none.
     std::size_t FindLast(std::string_view text, char ch) const;
 

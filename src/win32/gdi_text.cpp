@@ -15,12 +15,33 @@ constexpr std::size_t kOpenFonts = 200;
 // The platform measures texts of any length, but its time and its whole numbers do not.
 constexpr std::size_t kPiece = 4096;
 
+// A height above zero is that of the line: the room above the letters counts, and only the font
+// itself knows how much that is. Zero is the platform's own choice.
+double LetterPixels(const LOGFONTA& record)
+{
+    if (record.lfHeight < 0) {
+        return -static_cast<double>(record.lfHeight);
+    }
+    const FontHandle font(CreateFontIndirectA(&record));
+    const MemoryDc dc(CreateCompatibleDC(nullptr));
+    const HGDIOBJ oldFont = SelectObject(dc.Get(), font.Get());
+    TEXTMETRICA metrics = {};
+    GetTextMetricsA(dc.Get(), &metrics);
+    SelectObject(dc.Get(), oldFont);
+    return metrics.tmHeight - metrics.tmInternalLeading;
+}
+
 } // namespace
+
+LONG RecordHeight(double pixels)
+{
+    return -RoundHalfEven(std::min(pixels, 2147483647.0));
+}
 
 LOGFONTA LogFontOf(const Font& font, const ScreenScale& scale)
 {
     LOGFONTA record = {};
-    record.lfHeight = -RoundHalfEven(font.size * 20 / scale.twipsPerPixelY);
+    record.lfHeight = RecordHeight(font.size * 20 / scale.twipsPerPixelY);
     record.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
     record.lfItalic = font.italic;
     record.lfUnderline = font.underline;
@@ -28,6 +49,28 @@ LOGFONTA LogFontOf(const Font& font, const ScreenScale& scale)
     record.lfCharSet = static_cast<BYTE>(font.charset);
     std::memcpy(record.lfFaceName, font.name.data(),
                 std::min(font.name.size(), sizeof record.lfFaceName - 1));
+    return record;
+}
+
+Font FontOf(const LOGFONTA& record, const ScreenScale& scale)
+{
+    Font font;
+    font.name = record.lfFaceName;
+    font.size = LetterPixels(record) * scale.twipsPerPixelY / 20;
+    font.bold = record.lfWeight >= FW_SEMIBOLD;
+    font.italic = record.lfItalic != 0;
+    font.underline = record.lfUnderline != 0;
+    font.strikethrough = record.lfStrikeOut != 0;
+    font.charset = record.lfCharSet;
+    return font;
+}
+
+std::optional<LOGFONTA> RecordOf(HFONT font)
+{
+    LOGFONTA record = {};
+    if (GetObjectType(font) != OBJ_FONT || GetObjectA(font, sizeof record, &record) == 0) {
+        return std::nullopt;
+    }
     return record;
 }
 
@@ -128,15 +171,7 @@ std::size_t GdiText::Fit(const Font& font, std::string_view text, Twips width)
     SIZE size = {};
     GetTextExtentExPointA(dc_.Get(), text.data(), static_cast<int>(length), pixels, &fits, nullptr,
                           &size);
-    std::size_t whole = 0;
-    for (const auto limit = static_cast<std::size_t>(fits); whole < limit;) {
-        const std::size_t next = whole + codePage_.CharacterLength(text, whole);
-        if (next > limit) {
-            break;
-        }
-        whole = next;
-    }
-    return whole;
+    return codePage_.WholeCharacters(text, static_cast<std::size_t>(fits)).size();
 }
 
 } // namespace nv

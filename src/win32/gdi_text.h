@@ -5,6 +5,7 @@
 #include "win32/handles.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -52,5 +53,11 @@ private:
 
 // What a font object says, as the platform's font record. Heights follow the screen's scale.
 LOGFONTA LogFontOf(const Font& font, const ScreenScale& scale);
+// And back: the size is that of the record's whole pixels, so it comes out at the same height.
+Font FontOf(const LOGFONTA& record, const ScreenScale& scale);
+// The record of a platform font, which stays the caller's; nothing for what is no font.
+std::optional<LOGFONTA> RecordOf(HFONT font);
+// A record's height for letters of so many pixels, or the largest that a record can hold.
+LONG RecordHeight(double pixels);
 
 } // namespace nv

@@ -37,6 +37,9 @@ TEST(AnsiText, TrailBytesAreNotTakenForCharacters)
     EXPECT_EQ(CodePage(932).CountCharacters(text), 9u);
     EXPECT_EQ(CodePage(932).FirstCharacters(text, 4), text.substr(0, 5));
     EXPECT_EQ(CodePage(932).FirstCharacters("a\x83", 5), "a\x83"); // a lead byte cut off at the end
+    EXPECT_EQ(CodePage(932).WholeCharacters(text, 4), "C:\\");
+    EXPECT_EQ(CodePage(932).WholeCharacters(text, 5), text.substr(0, 5));
+    EXPECT_EQ(CodePage(932).WholeCharacters(text, 50), text);
     EXPECT_EQ(CodePage(65001).FindLast("\xE3\x82\xBD\\", '\\'), 3u);
 }
 
