@@ -91,6 +91,18 @@ void KelButtonWindow::Paint(Canvas& canvas, const TwipRect& clip)
     button_.Paint(canvas, {0, 0, size.width, size.height}, clip, look_);
 }
 
+void KelButtonWindow::SetShownFont(const Font& font)
+{
+    button_.SetFont(font);
+    button_.ReCalc();
+    if (button_.FixedSize()) {
+        const RECT pixels =
+            ToPixels({0, 0, button_.Size().width, button_.Size().height}, text_.Scale());
+        SetWindowPos(Handle(), nullptr, 0, 0, pixels.right, pixels.bottom,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+}
+
 void KelButtonWindow::OnMouseMove()
 {
     if (!look_.hover) {

@@ -26,6 +26,8 @@ public:
 protected:
     std::optional<LRESULT> RouteInput(UINT message, WPARAM wParam, LPARAM lParam) override;
     void Paint(Canvas& canvas, const TwipRect& clip) override;
+    const Font* ShownFont() const override { return &button_.Font(); }
+    void SetShownFont(const Font& font) override;
 
 private:
     void OnMouseMove();

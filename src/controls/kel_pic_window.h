@@ -21,6 +21,8 @@ public:
 protected:
     std::optional<LRESULT> RouteInput(UINT message, WPARAM wParam, LPARAM lParam) override;
     void Paint(Canvas& canvas, const TwipRect& clip) override;
+    const Font* ShownFont() const override { return &pic_.Font(); }
+    void SetShownFont(const Font& font) override { pic_.SetFont(font); }
 
 private:
     void OnTimer();

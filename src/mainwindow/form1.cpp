@@ -4,7 +4,6 @@
 #include "mainwindow/command_line.h"
 #include "mainwindow/link_click.h"
 #include "resource.h"
-#include "system/form_fonts.h"
 #include "win32/screen.h"
 
 #include <algorithm>
@@ -18,8 +17,9 @@ namespace
 
 constexpr double kTitlePoints = 14;
 
-Font TitleFont(Font font)
+Font TitleFont()
 {
+    Font font;
     font.size = kTitlePoints;
     font.bold = true;
     return font;
@@ -58,16 +58,16 @@ std::vector<TwipRect> WorkAreas()
 Form1::Form1(MessagePump& pump, std::string programFolder, const Version& version)
     : pump_(pump), programFolder_(std::move(programFolder)),
       title_(WindowTitle(version.major, version.minor, version.revision)),
-      scale_(PrimaryScreenScale()), formFont_(FormFont()), text_(scale_, ProcessCodePage()),
-      pictures_(scale_), shellExe_(shell_, programFolder_), linkPictures_(shellExe_, pictures_),
-      document_(files_, prompts_, settings_, pump_, *this, ProcessCodePage(), formFont_),
+      scale_(PrimaryScreenScale()), text_(scale_, ProcessCodePage()), pictures_(scale_),
+      shellExe_(shell_, programFolder_), linkPictures_(shellExe_, pictures_),
+      document_(files_, prompts_, settings_, pump_, *this, ProcessCodePage(), FormFont()),
       header_(text_, pictures_, ProcessCodePage()),
       strip_(text_, pictures_, [this](Command command) { Run(command); }),
       view_(text_, pictures_, linkPictures_, ProcessCodePage(), document_.Lines(),
             document_.DefaultFont())
 {
     prompts_.SetTitle(title_);
-    header_.Pic().SetFont(TitleFont(formFont_));
+    header_.Pic().SetFont(TitleFont());
     view_.EntryClick = [this](std::uint32_t entry) { OnEntryClick(entry); };
     pump_.Filter = [this](MSG& message) { return FilterMessage(message); };
 }
@@ -126,7 +126,11 @@ bool Form1::CreateWindows()
         return false;
     }
     prompts_.SetOwner(Handle());
-    return header_.Create(Handle()) && strip_.Create(Handle(), formFont_) && view_.Create(Handle());
+    if (!header_.Create(Handle()) || !strip_.Create(Handle()) || !view_.Create(Handle())) {
+        return false;
+    }
+    formFonts_.SetFormFonts(Handle());
+    return true;
 }
 
 void Form1::Place()

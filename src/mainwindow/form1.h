@@ -8,6 +8,7 @@
 #include "mainwindow/menu_view.h"
 #include "mainwindow/start_up.h"
 #include "mainwindow/tool_strip.h"
+#include "system/form_fonts.h"
 #include "system/regis.h"
 #include "win32/gdi_text.h"
 #include "win32/message_boxes.h"
@@ -93,11 +94,11 @@ private:
     std::string programFolder_;
     std::string title_;
     ScreenScale scale_;
-    Font formFont_;
     WinFiles files_;
     Regis settings_;
     WinShell shell_;
     MessageBoxes prompts_;
+    FormFonts formFonts_;
     GdiText text_;
     Pictures pictures_;
     ShellExe shellExe_;

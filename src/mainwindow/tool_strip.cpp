@@ -32,7 +32,7 @@ ToolStrip::ToolStrip(GdiText& text, Pictures& pictures, std::function<void(Comma
 {
 }
 
-bool ToolStrip::Create(HWND parent, const Font& font)
+bool ToolStrip::Create(HWND parent)
 {
     if (!Window::Create(
             {"NavrixToolStrip", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT},
@@ -48,7 +48,6 @@ bool ToolStrip::Create(HWND parent, const Font& font)
             return false;
         }
         KelButton& button = window->Button();
-        button.SetFont(font);
         button.SetCaption(place.caption);
         button.SetBImage({Picture::Source::own, place.picture});
         button.DisablePointer();

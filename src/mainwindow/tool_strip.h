@@ -18,8 +18,8 @@ public:
     // Both must outlive the strip. run: called on a click; may re-enter.
     ToolStrip(GdiText& text, Pictures& pictures, std::function<void(Command)> run);
 
-    // Creates the strip with its buttons, in the form font.
-    bool Create(HWND parent, const Font& font);
+    // Creates the strip with its buttons.
+    bool Create(HWND parent);
     // Enables each button whose command is to be had.
     void SetFacts(const Facts& facts);
 

@@ -65,8 +65,30 @@ std::optional<LRESULT> PaintedWindow::Route(UINT message, WPARAM wParam, LPARAM 
     }
     case WM_ERASEBKGND:
         return 1;
+    case WM_GETFONT:
+        return OnGetFont();
+    case WM_SETFONT:
+        OnSetFont(reinterpret_cast<HFONT>(wParam), LOWORD(lParam) != 0);
+        return 0;
     default:
         return RouteInput(message, wParam, lParam);
+    }
+}
+
+LRESULT PaintedWindow::OnGetFont()
+{
+    const Font* font = ShownFont();
+    return font != nullptr ? reinterpret_cast<LRESULT>(text_.Handle(*font)) : 0;
+}
+
+void PaintedWindow::OnSetFont(HFONT font, bool redraw)
+{
+    const auto systemFont = static_cast<HFONT>(GetStockObject(SYSTEM_FONT));
+    if (const auto record = RecordOf(font != nullptr ? font : systemFont)) {
+        SetShownFont(FontOf(*record, text_.Scale()));
+    }
+    if (redraw) {
+        InvalidateRect(Handle(), nullptr, FALSE);
     }
 }
 

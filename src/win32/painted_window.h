@@ -18,11 +18,19 @@ protected:
     std::optional<LRESULT> Route(UINT message, WPARAM wParam, LPARAM lParam) final;
     // As Route of a window, for all but painting.
     virtual std::optional<LRESULT> RouteInput(UINT message, WPARAM wParam, LPARAM lParam);
+    // The font that WM_GETFONT tells; null: the window has none, and WM_SETFONT does nothing.
+    virtual const Font* ShownFont() const { return nullptr; }
+    // Takes over a font that WM_SETFONT brought. The platform's font stays the sender's.
+    virtual void SetShownFont(const Font&) {}
     // Draws the part clip (twips) of the window, every point of it.
     virtual void Paint(Canvas& canvas, const TwipRect& clip) = 0;
 
     GdiText& text_;
     Pictures& pictures_;
+
+private:
+    LRESULT OnGetFont();
+    void OnSetFont(HFONT font, bool redraw);
 };
 
 } // namespace nv

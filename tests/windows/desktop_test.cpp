@@ -1,4 +1,6 @@
 // The thin layer over the desktop: fonts, the message pump, and the view as a real window.
+#include "controls/kel_button_window.h"
+#include "controls/kel_pic_window.h"
 #include "docs/menu_line.h"
 #include "fakes/fake_shell.h"
 #include "mainwindow/menu_view.h"
@@ -104,6 +106,85 @@ TEST(FormFonts, TellTheUsersCharsetAndTheFramesSize)
     }
     EXPECT_EQ(CodePageToCharset(""), 0);
     EXPECT_EQ(TrueWindowSize(nullptr, true), 0);
+}
+
+// A font as one line: face, charset, pixels, weight, italic; empty: the control has none.
+std::string ShownFont(HWND control)
+{
+    const auto font = reinterpret_cast<HFONT>(SendMessageA(control, WM_GETFONT, 0, 0));
+    const auto record = RecordOf(font);
+    if (!record) {
+        return "";
+    }
+    return std::string(record->lfFaceName) + " " + std::to_string(record->lfCharSet) + " " +
+           std::to_string(record->lfHeight) + " " + std::to_string(record->lfWeight) + " " +
+           std::to_string(record->lfItalic);
+}
+
+TEST(FormFonts, ReachEveryControlThatHasAFontAndChangeFaceAndCharsetOnly)
+{
+    FormFonts fonts;
+    const Frame frame;
+    GdiText text{kScale, CodePage(1252)};
+    Pictures pictures{kScale};
+    Font designed = FontOf("Courier New", 12);
+    designed.bold = true;
+    designed.charset = 161;
+    const HFONT designedFont = text.Handle(designed);
+    const auto child = [&](const char* windowClass, HWND parent, HFONT font) {
+        const HWND control = CreateWindowExA(0, windowClass, "text", WS_CHILD | WS_VISIBLE, 0, 0,
+                                             90, 20, parent, nullptr, nullptr, nullptr);
+        SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+        return control;
+    };
+    const HWND edit = child("EDIT", frame.Handle(), designedFont);
+    const HWND bar = child("SCROLLBAR", frame.Handle(), nullptr);
+    const HWND box = child("STATIC", frame.Handle(), designedFont);
+    const HWND inner = child("LISTBOX", box, designedFont);
+    KelButtonWindow button(text, pictures);
+    KelPicWindow pic(text, pictures, CodePage(1252));
+    ASSERT_TRUE(button.Create(frame.Handle()) && pic.Create(frame.Handle()));
+    button.Button().SetFont(designed);
+    button.Button().SetCaption("caption");
+    button.Button().SetFixedSize(true);
+    pic.Pic().SetFont(FontOf("Courier New", 8)); // no whole number of pixels
+    const TwipSize sizeBefore = button.Button().Size();
+
+    fonts.SetFormFonts(frame.Handle());
+    const std::string face = "Tahoma " + std::to_string(UserCharset());
+    for (const HWND control : {edit, box, inner, button.Handle()}) {
+        EXPECT_EQ(ShownFont(control), face + " -16 700 0");
+    }
+    EXPECT_EQ(SendMessageA(edit, WM_GETFONT, 0, 0), SendMessageA(inner, WM_GETFONT, 0, 0));
+    EXPECT_EQ(ShownFont(bar), "");
+    EXPECT_EQ(ShownFont(pic.Handle()), face + " -11 400 0");
+    // A button of the size of its content is laid out again, window and all.
+    const TwipSize size = button.Button().Size();
+    EXPECT_NE(size, sizeBefore);
+    RECT place = {};
+    GetClientRect(button.Handle(), &place);
+    EXPECT_EQ(place.right, kScale.PixelsX(size.width));
+    EXPECT_EQ(place.bottom, kScale.PixelsY(size.height));
+}
+
+TEST(Fonts, KeepTheirHeightAsFontObjects)
+{
+    for (const double twipsPerPixel : {15.0, 12.0, 10.0, 1440.0 / 168, 7.5}) {
+        const ScreenScale scale{twipsPerPixel, twipsPerPixel};
+        for (LONG height = -100; height < 0; ++height) {
+            LOGFONTA record = {};
+            record.lfHeight = height;
+            EXPECT_EQ(LogFontOf(nv::FontOf(record, scale), scale).lfHeight, height);
+        }
+    }
+    // A line height says less than a letter height: the same font either way.
+    GdiText text{kScale, CodePage(1252)};
+    LOGFONTA record = LogFontOf(FontOf("Tahoma", 12), kScale);
+    const Twips lineHeight = text.LineHeight(nv::FontOf(record, kScale));
+    record.lfHeight = kScale.PixelsY(lineHeight);
+    EXPECT_EQ(text.LineHeight(nv::FontOf(record, kScale)), lineHeight);
+    EXPECT_FALSE(RecordOf(static_cast<HFONT>(nullptr)));
+    EXPECT_FALSE(RecordOf(static_cast<HFONT>(GetStockObject(NULL_PEN))));
 }
 
 TEST(MessagePump, LooksAtTheClockAndEndsUnwantedWork)
