@@ -1,0 +1,97 @@
+#include "system/com_dial.h"
+
+#include "win32/gdi_canvas.h"
+#include "win32/gdi_text.h"
+#include "win32/screen.h"
+
+#include <commdlg.h>
+
+namespace nv
+{
+
+namespace
+{
+
+constexpr DWORD kPathBuffer = 256;
+constexpr std::size_t kLongestFace = 30;
+constexpr double kPointsPerInch = 72;
+constexpr double kTenths = 10; // the font picker's sizes are in tenths of a point
+
+std::string CurrentFolder()
+{
+    const DWORD size = GetCurrentDirectoryA(0, nullptr);
+    std::string folder(size, '\0');
+    const DWORD length = GetCurrentDirectoryA(size, folder.data());
+    folder.resize(length < size ? length : 0);
+    return folder;
+}
+
+} // namespace
+
+LOGFONTA PickerRecord(const Font& font, int dpi, const CodePage& codePage)
+{
+    Font cut = font;
+    cut.name = codePage.WholeCharacters(font.name, kLongestFace);
+    LOGFONTA record = LogFontOf(cut, ScreenScale::OfDpi(dpi, dpi));
+    record.lfHeight = RecordHeight(font.size * dpi / kPointsPerInch);
+    return record;
+}
+
+ComDial::ComDial(std::string programFolder) : programFolder_(std::move(programFolder)) {}
+
+std::string ComDial::OpenFileDialog(const std::string& title, const std::string&,
+                                    const std::string& filter, int filterIndex, bool mustExist,
+                                    HWND owner)
+{
+    std::string path(kPathBuffer + 1, '\0');
+    std::string fileTitle = path;
+    const std::string closedFilter = filter + '\0'; // a second NUL ends the list
+    OPENFILENAMEA record = {};
+    record.lStructSize = OPENFILENAME_SIZE_VERSION_400A; // no newer field is used
+    record.hwndOwner = owner;
+    record.hInstance = GetModuleHandleA(nullptr);
+    record.lpstrFilter = closedFilter.c_str();
+    record.nFilterIndex = static_cast<DWORD>(filterIndex);
+    record.lpstrFile = path.data();
+    record.nMaxFile = kPathBuffer;
+    record.lpstrFileTitle = fileTitle.data();
+    record.nMaxFileTitle = kPathBuffer;
+    record.lpstrInitialDir = lastFolder_.c_str();
+    record.lpstrTitle = title.c_str();
+    record.Flags = OFN_HIDEREADONLY | (mustExist ? OFN_FILEMUSTEXIST : 0u);
+    const bool picked = GetOpenFileNameA(&record) != 0;
+    lastFolder_ = CurrentFolder();
+    RestoreProgramFolder();
+    // Of a path that is too long, the buffer holds something else.
+    return picked ? path.c_str() : "";
+}
+
+Color ComDial::FontDialog(HDC deviceContext, HWND owner, Font& font, Color color)
+{
+    const int dpi = GetDeviceCaps(deviceContext, LOGPIXELSY);
+    LOGFONTA record = PickerRecord(font, dpi, ProcessCodePage());
+    const COLORREF rgb = ColorRef(color);
+    CHOOSEFONTA choice = {};
+    choice.lStructSize = sizeof choice;
+    choice.hwndOwner = owner;
+    choice.lpLogFont = &record;
+    choice.Flags = CF_SCREENFONTS | CF_PRINTERFONTS | CF_INITTOLOGFONTSTRUCT | CF_EFFECTS;
+    choice.rgbColors = rgb;
+    if (!ChooseFontA(&choice)) {
+        return kCancelled; // the record may have changed all the same, the font has not
+    }
+    font = FontOf(record, ScreenScale::OfDpi(dpi, dpi));
+    font.size = choice.iPointSize / kTenths;
+    font.bold = record.lfWeight != 0;
+    // A caller's color may have the number that says cancelled; it is black then.
+    const bool sameColor = choice.rgbColors == rgb && color != kCancelled;
+    return sameColor ? color : static_cast<Color>(choice.rgbColors);
+}
+
+void ComDial::RestoreProgramFolder() const
+{
+    // If the folder is gone, relative paths fail later with messages of their own.
+    (void)SetCurrentDirectoryA(programFolder_.c_str());
+}
+
+} // namespace nv

@@ -1,0 +1,300 @@
+// The system's own pickers, worked from a second thread as a user works them.
+#include "platform/system_colors.h"
+#include "system/com_dial.h"
+#include "windows/scratch_folder.h"
+
+#include <commdlg.h>
+
+#include <dlgs.h>
+#include <functional>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace nv
+{
+namespace
+{
+
+constexpr int kFileName = 0x47C; // cmb13 in <dlgs.h> of newer systems
+using Act = std::function<void(HWND picker)>;
+
+bool Until(const std::function<bool()>& condition)
+{
+    for (const DWORD end = GetTickCount() + 10000; !condition(); Sleep(2)) {
+        if (GetTickCount() > end) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string TextOf(HWND window)
+{
+    char text[300] = {};
+    SendMessageA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
+    return text;
+}
+
+// The open dialog of that thread with that title; waits for it.
+HWND WaitForDialog(DWORD thread, const char* title)
+{
+    HWND found = nullptr;
+    const bool came = Until([&] {
+        while ((found = FindWindowExA(nullptr, found, "#32770", title)) != nullptr) {
+            if (GetWindowThreadProcessId(found, nullptr) == thread && IsWindowVisible(found)) {
+                return true;
+            }
+        }
+        return false;
+    });
+    EXPECT_TRUE(came) << title;
+    return found;
+}
+
+void Press(HWND picker, WORD button)
+{
+    PostMessageA(picker, WM_COMMAND, button, 0);
+}
+
+// Waits for the picker, acts, and sees to it that the picker ends.
+class User
+{
+public:
+    User(const char* title, Act act)
+        : thread_([main = GetCurrentThreadId(), title, act = std::move(act)] {
+              const HWND picker = WaitForDialog(main, title);
+              act(picker);
+              if (!Until([&] { return !IsWindow(picker); })) {
+                  ADD_FAILURE() << "The picker stays open";
+                  Until([&] { // perhaps below a box
+                      Press(GetLastActivePopup(picker), IDCANCEL);
+                      return !IsWindow(picker);
+                  });
+              }
+          })
+    {
+    }
+    ~User() { thread_.join(); }
+    User(const User&) = delete;
+    User& operator=(const User&) = delete;
+
+private:
+    std::thread thread_;
+};
+
+void SetName(HWND picker, const std::string& name)
+{
+    SendDlgItemMessageA(picker, kFileName, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
+}
+
+// Types a name into the file picker and confirms it.
+void Type(HWND picker, const std::string& name)
+{
+    SetName(picker, name);
+    Press(picker, IDOK);
+}
+
+// The answer to a missing name is a box; after it the picker is still there.
+void TypeMissingAndCancel(HWND picker)
+{
+    Type(picker, "missing.nvm");
+    const DWORD thread = GetWindowThreadProcessId(picker, nullptr);
+    HWND box = nullptr;
+    EXPECT_TRUE(Until([&] {
+        box = GetLastActivePopup(picker);
+        return box != picker && IsWindowVisible(box);
+    }));
+    EXPECT_EQ(GetWindowThreadProcessId(box, nullptr), thread);
+    Press(box, IDOK);
+    EXPECT_TRUE(Until([&] { return !IsWindow(box) && IsWindowEnabled(picker); }));
+    Press(picker, IDCANCEL);
+}
+
+std::string CurrentFolder()
+{
+    char folder[MAX_PATH] = {};
+    GetCurrentDirectoryA(sizeof folder, folder);
+    return folder;
+}
+
+// The pickers change the current folder, the rest of the tests count on theirs.
+struct FilePickerTest : public testing::Test {
+    FilePickerTest()
+    {
+        // Where a picker without a folder begins.
+        RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\"
+                                         "ComDlg32\\LastVisitedMRU");
+        const HANDLE file = CreateFileA((menus / "there.nvm").c_str(), GENERIC_WRITE, 0, nullptr,
+                                        CREATE_NEW, 0, nullptr);
+        EXPECT_TRUE(CloseHandle(file));
+    }
+    ~FilePickerTest() override { SetCurrentDirectoryA(before.c_str()); }
+
+    // A name that makes a path of so many bytes.
+    std::string NameFor(std::size_t length) const
+    {
+        return std::string(length - (menus / "").size(), 'x');
+    }
+
+    const std::string before = CurrentFolder();
+    const ScratchFolder program;
+    const ScratchFolder menus;
+    const ScratchFolder elsewhere;
+};
+
+TEST_F(FilePickerTest, GoesOnWhereTheLastPickWasAndComesBackToTheProgram)
+{
+    // Without a second NUL at its end, as the callers write it.
+    const std::string filter("Menus\0*.nvm\0All Files\0*.*\0", 26);
+    struct Case {
+        const char* what;
+        int filterIndex;
+        bool mustExist;
+        Act act;
+        std::string picked;
+    };
+    const Case cases[] = {
+        {"into a folder, then a name", 1, false,
+         [&](HWND picker) {
+             SetName(picker, menus.Path());
+             SendMessageA(picker, WM_COMMAND, IDOK, 0); // it goes there before it answers
+             Type(picker, "new.nvm");
+         },
+         menus / "new.nvm"},
+        {"a name in the last folder", 2, true, [](HWND picker) { Type(picker, "there.nvm"); },
+         menus / "there.nvm"},
+        {"a missing name", 1, true, TypeMissingAndCancel, ""},
+        {"cancel", 2, false, [](HWND picker) { Press(picker, IDCANCEL); }, ""},
+        // Wine itself ends with paths of 260 bytes and more.
+        {"a path too long", 1, false, [&](HWND picker) { Type(picker, NameFor(256)); }, ""},
+        {"a path just short enough", 1, false, [&](HWND picker) { Type(picker, NameFor(255)); },
+         menus / NameFor(255)},
+    };
+    ComDial pickers(program.Path());
+    EXPECT_EQ(pickers.LastFolder(), "");
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        SetCurrentDirectoryA(elsewhere.Path().c_str());
+        LRESULT shownFilter = -1;
+        const User user("Browse", [&](HWND picker) {
+            shownFilter = SendDlgItemMessageA(picker, cmb1, CB_GETCURSEL, 0, 0);
+            EXPECT_EQ(SendDlgItemMessageA(picker, cmb1, CB_GETCOUNT, 0, 0), 2);
+            EXPECT_FALSE(IsWindowVisible(GetDlgItem(picker, chx1))); // "read only"
+            c.act(picker);
+        });
+        EXPECT_EQ(pickers.OpenFileDialog("Browse", elsewhere.Path(), filter, c.filterIndex,
+                                         c.mustExist, nullptr),
+                  c.picked);
+        EXPECT_EQ(shownFilter, c.filterIndex - 1);
+        EXPECT_EQ(CurrentFolder(), program.Path());
+        EXPECT_EQ(pickers.LastFolder(), menus.Path());
+    }
+}
+
+void Choose(HWND picker, int combo, const char* text)
+{
+    SendDlgItemMessageA(picker, combo, CB_SELECTSTRING, static_cast<WPARAM>(-1),
+                        reinterpret_cast<LPARAM>(text));
+    SendMessageA(picker, WM_COMMAND, MAKEWPARAM(combo, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(GetDlgItem(picker, combo)));
+}
+
+TEST(FontPicker, ShowsAFontAndReadsItBack)
+{
+    const Act leave = [](HWND) {};
+    const Act change = [](HWND picker) {
+        Choose(picker, cmb3, "20");
+        Choose(picker, cmb4, "Blue");
+        SendDlgItemMessageA(picker, chx1, BM_CLICK, 0, 0); // strike-out
+        SendDlgItemMessageA(picker, chx2, BM_CLICK, 0, 0); // underline
+    };
+    const Font regular{"Tahoma", 12, false, false, false, false, 0};
+    const Font all{"Tahoma", 8, true, true, true, true, 238};
+    struct Case {
+        const char* what;
+        Font font;
+        Color color;
+        std::string shown; // face, style, size, underline
+        Act act;
+        WORD button;
+        Font read;
+        Color result;
+    };
+    // Whatever comes back is bold.
+    const Case cases[] = {
+        {"left alone",
+         regular,
+         0x123456,
+         "Tahoma, Regular, 12, 0",
+         leave,
+         IDOK,
+         {"Tahoma", 12, true, false, false, false, 0},
+         0x123456},
+        {"all set", all, kButtonText, "Tahoma, Bold Italic, 8, 1", leave, IDOK, all, kButtonText},
+        {"changed",
+         regular,
+         kButtonText,
+         "Tahoma, Regular, 12, 0",
+         change,
+         IDOK,
+         {"Tahoma", 20, true, false, true, true, 0},
+         0xFF0000},
+        {"a color like the cancelled one", all, ComDial::kCancelled, "Tahoma, Bold Italic, 8, 1",
+         leave, IDOK, all, 0},
+        {"cancelled", regular, 0xFF, "Tahoma, Regular, 12, 0", change, IDCANCEL, regular,
+         ComDial::kCancelled},
+    };
+    const HDC screen = GetDC(nullptr);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Font font = c.font;
+        std::string shown;
+        Color result = 0;
+        {
+            const User user("Font", [&](HWND picker) {
+                for (const int combo : {cmb1, cmb2, cmb3}) {
+                    shown += TextOf(GetDlgItem(picker, combo)) + ", ";
+                }
+                shown += std::to_string(SendDlgItemMessageA(picker, chx2, BM_GETCHECK, 0, 0));
+                c.act(picker);
+                Press(picker, c.button);
+            });
+            result = ComDial::FontDialog(screen, nullptr, font, c.color);
+        }
+        EXPECT_EQ(shown, c.shown);
+        EXPECT_TRUE(font == c.read) << font.name << " " << font.size << " " << font.charset;
+        EXPECT_EQ(result, c.result);
+    }
+    ReleaseDC(nullptr, screen);
+}
+
+TEST(FontPicker, StartsFromARecordThatFits)
+{
+    struct Case {
+        std::string name;
+        double size;
+        int dpi;
+        unsigned codePage;
+        std::string face;
+        LONG height;
+    };
+    const std::string thirty(30, 'x');
+    const Case cases[] = {
+        {"Tahoma", 12, 96, 1252, "Tahoma", -16},
+        {thirty + "y", 8, 96, 1252, thirty, -11},
+        {"a" + thirty, 8.25, 144, 1252, "a" + thirty.substr(1), -16}, // 16.5: half to even
+        {"abc" + thirty.substr(4) + "\x83\x5C", 9, 100, 932, "abc" + thirty.substr(4), -12},
+        {"Tahoma", 2147483647, 96, 1252, "Tahoma", -2147483647},
+    };
+    for (const Case& c : cases) {
+        Font font;
+        font.name = c.name;
+        font.size = c.size;
+        const LOGFONTA record = PickerRecord(font, c.dpi, CodePage(c.codePage));
+        EXPECT_EQ(record.lfFaceName, c.face);
+        EXPECT_EQ(record.lfHeight, c.height) << c.name;
+    }
+}
+
+} // namespace
+} // namespace nv
