@@ -1,6 +1,7 @@
 #include "docs/menu_lines.h"
 
-#include <cstring>
+#include <algorithm>
+#include <cstddef>
 
 namespace nv
 {
@@ -16,6 +17,8 @@ void MenuLines::Clear()
     blocks_.clear();
     free_ = nullptr;
     freeSize_ = 0;
+    large_ = nullptr;
+    largeSize_ = 0;
 }
 
 void MenuLines::Append(std::string_view text)
@@ -44,6 +47,8 @@ std::string_view MenuLines::Keep(std::string_view text)
     char* place = free_;
     if (text.size() > kSmallBlock / 4) {
         place = NewBlock(text.size()); // the rest of the small block still serves shorter texts
+        large_ = place;
+        largeSize_ = text.size();
     } else {
         if (text.size() > freeSize_) {
             place = NewBlock(kSmallBlock);
@@ -52,8 +57,81 @@ std::string_view MenuLines::Keep(std::string_view text)
         free_ = place + text.size();
         freeSize_ -= text.size();
     }
-    std::memcpy(place, text.data(), text.size());
+    std::copy_n(text.data(), text.size(), place);
     return {place, text.size()};
+}
+
+void MenuLines::GiveBack(std::string_view kept)
+{
+    if (kept.empty()) {
+        return;
+    }
+    if (kept.data() == large_) {
+        const auto isLarge = [this](const auto& block) { return block.get() == large_; };
+        blocks_.erase(std::find_if(blocks_.begin(), blocks_.end(), isLarge));
+        large_ = nullptr;
+        largeSize_ = 0;
+    } else if (kept.data() + kept.size() == free_) {
+        free_ -= kept.size();
+        freeSize_ += kept.size();
+    }
+}
+
+void MenuLines::Rewrite(std::size_t index, std::string_view text)
+{
+    const std::string_view old = lines_[index];
+    const bool inLarge = !old.empty() && old.data() == large_;
+    const bool isLast = !inLarge && !old.empty() && old.data() + old.size() == free_;
+    if (inLarge && text.size() > largeSize_) {
+        // With room for the keys that follow, so that not each of them copies the whole block.
+        const std::size_t size = text.size() + text.size() / 8;
+        char* place = NewBlock(size);
+        std::copy_n(text.data(), text.size(), place);
+        GiveBack(old);
+        large_ = place;
+        largeSize_ = size;
+        lines_[index] = {place, text.size()};
+    } else if (inLarge) {
+        std::copy_n(text.data(), text.size(), large_);
+        lines_[index] = {large_, text.size()};
+    } else if (isLast && text.size() <= old.size() + freeSize_) {
+        char* place = free_ - old.size();
+        std::copy_n(text.data(), text.size(), place);
+        freeSize_ = freeSize_ + old.size() - text.size();
+        free_ = place + text.size();
+        lines_[index] = {place, text.size()};
+    } else {
+        lines_[index] = Keep(text);
+    }
+}
+
+void MenuLines::MakeRoom(std::size_t count)
+{
+    if (lines_.capacity() - lines_.size() < count) {
+        lines_.reserve(std::max(lines_.size() + count, lines_.capacity() * 2));
+    }
+}
+
+void MenuLines::InsertKept(std::size_t index, std::string_view kept)
+{
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(index), kept);
+}
+
+void MenuLines::Remove(std::size_t index)
+{
+    lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+void MenuLines::Move(std::size_t from, std::size_t to)
+{
+    const auto at = [this](std::size_t index) {
+        return lines_.begin() + static_cast<std::ptrdiff_t>(index);
+    };
+    if (from < to) {
+        std::rotate(at(from), at(from + 1), at(to + 1));
+    } else {
+        std::rotate(at(to), at(from), at(from + 1));
+    }
 }
 
 } // namespace nv

@@ -6,6 +6,7 @@ namespace nv
 {
 
 // The system colours the program draws with; the numbers are the platform's.
+inline constexpr Color kWindowText = SystemColor(8);
 inline constexpr Color kButtonFace = SystemColor(15);
 inline constexpr Color kButtonShadow = SystemColor(16);
 inline constexpr Color kGrayText = SystemColor(17);
