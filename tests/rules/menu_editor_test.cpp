@@ -1,0 +1,514 @@
+#include "docs/menu_line.h"
+#include "fakes/fake_document_events.h"
+#include "fakes/fake_files.h"
+#include "fakes/fake_prompts.h"
+#include "fakes/fake_pump.h"
+#include "fakes/fake_settings.h"
+#include "mainwindow/menu_editor.h"
+#include "platform/system_colors.h"
+
+#include <gtest/gtest.h>
+#include <random>
+#include <set>
+
+namespace nv
+{
+namespace
+{
+
+const char kMenu[] = "C:\\Menus\\Start.nvm";
+const Font kDefaultFont{"Tahoma", 8, false, false, false, false, 238};
+const MenuItem kNewEntry{ItemType::vLink, "", "", kDefaultFont, SystemColor(8)};
+using Texts = std::vector<std::string>;
+
+Texts ItemTexts(const Texts& lines)
+{
+    Texts items;
+    for (const std::string& line : lines) {
+        const MenuItem item = DecodeLine(line, kDefaultFont);
+        items.push_back(ListText(TypeName(item.type), item));
+    }
+    return items;
+}
+
+// A panel that knows the list and the fields only by what it was told, and reports every filling
+// as if the user had typed.
+struct Panel final : EditorView {
+    MenuEditor* editor = nullptr;
+    Texts items;
+    std::optional<std::size_t> selected;
+    MenuItem fields = kNewEntry;
+    int linesChanged = 0;
+    bool outOfMemory = false;
+
+    void ItemsReplaced() override
+    {
+        items.resize(editor->Count());
+        if (!items.empty()) {
+            ItemsChanged(0, items.size() - 1);
+        }
+        selected = editor->Selected();
+    }
+    void ItemInserted(std::size_t index) override
+    {
+        items.insert(items.begin() + static_cast<int>(index), editor->ItemText(index));
+    }
+    void ItemRemoved(std::size_t index) override
+    {
+        items.erase(items.begin() + static_cast<int>(index));
+    }
+    void ItemsChanged(std::size_t first, std::size_t last) override
+    {
+        for (; first <= last; ++first) {
+            items.at(first) = editor->ItemText(first);
+        }
+    }
+    void SelectionChanged() override
+    {
+        selected = editor->Selected();
+        editor->Select(0);
+    }
+    void FieldsChanged() override
+    {
+        fields = editor->Fields();
+        editor->SetCaption("filled");
+        editor->SetType(ItemType::vTitle);
+    }
+    void LinesChanged() override
+    {
+        ++linesChanged;
+        if (outOfMemory) {
+            throw std::bad_alloc();
+        }
+    }
+};
+
+// A document with its editor and a panel.
+struct Desk {
+    struct Events final : FakeDocumentEvents {
+        MenuEditor* editor = nullptr;
+        void Cleared() override { editor->Cleared(); }
+    };
+    FakeFiles files;
+    FakePrompts prompts;
+    FakeSettings settings;
+    FakePump pump;
+    Events events;
+    MenuDocument document{files, prompts, settings, pump, events, CodePage(), kDefaultFont};
+    Panel panel;
+    MenuEditor editor{panel, document};
+
+    explicit Desk(const Texts& fileLines)
+    {
+        panel.editor = events.editor = &editor;
+        events.onRebuilt = [this] { editor.Loaded(); };
+        std::string contents;
+        for (const std::string& line : fileLines) {
+            contents += line + "\r\n";
+        }
+        files.Put(kMenu, contents);
+        EXPECT_TRUE(document.FOpen(kMenu));
+    }
+    Texts Lines() const
+    {
+        Texts lines;
+        for (std::size_t index = 0; index < document.Lines().size(); ++index) {
+            lines.emplace_back(document.Lines()[index]);
+        }
+        return lines;
+    }
+    int Selected() const { return editor.Selected() ? static_cast<int>(*editor.Selected()) : -1; }
+};
+
+// What the user can do, to an editor or to the model of one.
+template <typename Editor, typename Index>
+void Do(Editor& editor, char action, Index at, const MenuItem& told, const Texts& paths)
+{
+    action == 's'   ? editor.Select(at)
+    : action == 'c' ? editor.SetCaption(told.caption)
+    : action == 'l' ? editor.SetLink(told.link)
+    : action == 't' ? editor.SetType(told.type)
+    : action == 'f' ? editor.SetFont(told.font, told.fontColor)
+    : action == '.' ? editor.EndTyping()
+    : action == 'i' ? editor.InsertNew()
+    : action == 'r' ? editor.Remove()
+    : action == 'u' ? editor.MoveUp()
+    : action == 'd' ? editor.MoveDown()
+    : action == 'm' ? editor.MoveTo(at)
+    : action == 'F' ? editor.InsertFiles(paths, at)
+    : action == 'z' ? editor.Undo()
+    : action == 'y' ? editor.Redo()
+    : action == 'e' ? editor.Enter()
+    : action == 'L' ? editor.Leave()
+                    : editor.Loaded(); // the column was built again
+}
+
+Texts LetterLines(const std::string& letters)
+{
+    MenuItem item = kNewEntry;
+    Texts lines;
+    for (const char letter : letters) {
+        item.caption = letter;
+        lines.push_back(EncodeLine(item));
+    }
+    return lines;
+}
+
+TEST(MenuEditor, SelectsAndMovesExactlyAsTheRulesSay)
+{
+    struct Case {
+        std::string menu; // each letter an entry
+        int selected;
+        char action;
+        std::size_t gap;
+        std::string expected;
+        int expectedSelected;
+    };
+    const Case cases[] = {{"", -1, 'i', 0, "n", 0},         {"abc", -1, 'i', 0, "nabc", 0},
+                          {"abc", 0, 'i', 0, "aabc", 1},    {"abc", 2, 'i', 0, "abcc", 3},
+                          {"abcde", 0, 'r', 0, "bcde", 0},  {"abcde", 2, 'r', 0, "abde", 2},
+                          {"abcde", 3, 'r', 0, "abce", 2},  {"abcde", 4, 'r', 0, "abcd", 3},
+                          {"ab", 1, 'r', 0, "a", 0},        {"ab", 0, 'r', 0, "b", -1},
+                          {"a", 0, 'r', 0, "", -1},         {"abc", -1, 'r', 0, "abc", -1},
+                          {"abc", 1, 'u', 0, "bac", 0},     {"abc", 0, 'u', 0, "abc", 0},
+                          {"abc", 1, 'd', 0, "acb", 2},     {"abc", 2, 'd', 0, "abc", 2},
+                          {"abc", -1, 'u', 0, "abc", -1},   {"abc", -1, 'd', 0, "abc", -1},
+                          {"abc", -1, 'm', 0, "abc", -1},   {"abcde", 1, 'm', 0, "bacde", 0},
+                          {"abcde", 1, 'm', 1, "abcde", 1}, {"abcde", 1, 'm', 2, "abcde", 1},
+                          {"abcde", 1, 'm', 3, "acbde", 2}, {"abcde", 1, 'm', 5, "acdeb", 4}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.menu + " " + std::to_string(c.selected) + " " + c.action);
+        Desk desk(LetterLines(c.menu));
+        desk.editor.SetCaption("n"); // none is selected: changes the fields only
+        if (c.selected >= 0) {
+            desk.editor.Select(static_cast<std::size_t>(c.selected));
+        }
+        Do(desk.editor, c.action, c.gap, kNewEntry, {});
+        EXPECT_EQ(desk.Lines(), LetterLines(c.expected));
+        EXPECT_EQ(desk.Selected(), c.expectedSelected);
+        EXPECT_EQ(desk.document.MCh(), c.expected != c.menu);
+    }
+}
+
+// What the editor is to do, told once more over plain texts: every step for undo is the whole list.
+struct Model {
+    struct State {
+        Texts lines;
+        int selected = -1;
+    };
+    using Steps = std::vector<std::pair<State, State>>; // before, after
+    State now;
+    Steps done, undone;
+    int remembered = -1;
+    bool marked = false;
+    MenuItem fields = kNewEntry;
+    char typing = 0; // the field whose typing the last step still takes up
+
+    int Count() const { return static_cast<int>(now.lines.size()); }
+    void Select(int index)
+    {
+        typing = 0;
+        now.selected = index < Count() ? index : -1;
+        if (now.selected >= 0) {
+            fields = DecodeLine(now.lines.at(static_cast<std::size_t>(index)), kDefaultFont);
+        }
+    }
+    void Change(Texts lines, int selected)
+    {
+        done.push_back({now, {}});
+        undone.clear();
+        now.lines = std::move(lines);
+        Select(selected);
+        done.back().second = now;
+        marked = true;
+    }
+    void Update(char field)
+    {
+        const bool goesOn = field != 0 && field == typing;
+        typing = goesOn ? field : char{0};
+        if (now.selected < 0) {
+            return;
+        }
+        marked = true;
+        std::string& line = now.lines.at(static_cast<std::size_t>(now.selected));
+        if (EncodeLine(fields) == line) {
+            return;
+        }
+        if (!goesOn) {
+            done.push_back({now, {}});
+            undone.clear();
+        }
+        line = EncodeLine(fields);
+        done.back().second = now;
+        typing = field;
+        if (done.back().first.lines == now.lines) {
+            done.pop_back();
+            typing = 0;
+        }
+    }
+    template <typename Value> void Write(char field, Value& place, const Value& value)
+    {
+        place = value;
+        Update(field);
+    }
+    void SetCaption(const std::string& text) { Write('c', fields.caption, text); }
+    void SetLink(const std::string& text) { Write('l', fields.link, text); }
+    void SetType(ItemType type) { Write(0, fields.type, type); }
+    void SetFont(Font font, Color color)
+    {
+        font.size = std::min(font.size, 100.0);
+        fields.font = font;
+        Write(0, fields.fontColor, color);
+    }
+    void EndTyping() { typing = 0; }
+    void Insert(const Texts& inserted, int at)
+    {
+        Texts lines = now.lines;
+        lines.insert(lines.begin() + at, inserted.begin(), inserted.end());
+        Change(lines, at + static_cast<int>(inserted.size()) - 1);
+    }
+    void InsertNew() { Insert({EncodeLine(fields)}, now.selected + 1); }
+    void InsertFiles(const Texts& paths, int at)
+    {
+        Texts lines;
+        for (const std::string& path : paths) {
+            MenuItem item = kNewEntry;
+            item.caption = path == "C:\\Tools\\a b.exe" ? "a b.exe" : path;
+            item.link = '"' + path + '"';
+            lines.push_back(EncodeLine(item));
+        }
+        if (!lines.empty()) {
+            Insert(lines, at);
+        }
+    }
+    void Remove()
+    {
+        const int at = now.selected;
+        if (at >= 0) {
+            Texts lines = now.lines;
+            lines.erase(lines.begin() + at);
+            Change(lines, at < Count() - 2 ? at : at - 1);
+        }
+    }
+    void MoveTo(int gap)
+    {
+        const int from = now.selected;
+        if (from >= 0 && gap != from && gap != from + 1) {
+            const int to = gap > from ? gap - 1 : gap;
+            Texts lines = now.lines;
+            lines.erase(lines.begin() + from);
+            lines.insert(lines.begin() + to, now.lines.at(static_cast<std::size_t>(from)));
+            Change(lines, to);
+        }
+    }
+    void MoveUp() { MoveTo(std::max(now.selected - 1, 0)); }
+    void MoveDown() { MoveTo(std::min(now.selected + 2, Count())); }
+    void Travel(Steps& from, Steps& to, bool back)
+    {
+        if (!from.empty()) {
+            to.push_back(from.back());
+            from.pop_back();
+            now = back ? to.back().first : to.back().second;
+            Select(now.selected);
+            marked = true;
+        }
+    }
+    void Undo() { Travel(done, undone, true); }
+    void Redo() { Travel(undone, done, false); }
+    void Enter() { Select(remembered < Count() ? std::max(remembered, 0) : 0); }
+    void Leave()
+    {
+        typing = 0;
+        remembered = now.selected;
+    }
+    void Loaded()
+    {
+        Select(-1);
+        fields = kNewEntry;
+    }
+};
+
+// Does random things to an editor and to its model.
+class RandomUser
+{
+public:
+    explicit RandomUser(unsigned seed) : random_(seed) { model_.now.lines = desk_.Lines(); }
+
+    void Act()
+    {
+        desk_.document.SetMCh(false);
+        desk_.panel.linesChanged = 0;
+        model_.marked = false;
+        const Texts before = model_.now.lines;
+        const std::string actions = "sscccccccccclltf.iirudmFzzzyyyeLo";
+        char action = actions[Below(actions.size())];
+        action = desk_.editor.Count() > 12 && (action == 'i' || action == 'F') ? 'r' : action;
+        SCOPED_TRACE(action);
+        const std::size_t at = Below(desk_.editor.Count() + 1);
+        const Texts paths = {"C:\\Tools\\a b.exe", "D:\\", "C:\\Old\\"};
+        const Texts some(paths.begin(), paths.begin() + static_cast<int>(Below(4)));
+        const MenuItem told = Tell(action);
+        Do(desk_.editor, action, at, told, some);
+        Do(model_, action, static_cast<int>(at), told, some);
+        EXPECT_EQ(desk_.document.MCh(), model_.marked);
+        // Told once; not told of what stayed, but for two equal entries that changed places.
+        EXPECT_LE(desk_.panel.linesChanged, model_.marked ? 1 : 0);
+        EXPECT_GE(desk_.panel.linesChanged, before != model_.now.lines ? 1 : 0);
+        Compare();
+    }
+    // What is saved is the model's list; what is opened then, too.
+    void SaveAndReopen()
+    {
+        std::string expected;
+        for (std::string& line : model_.now.lines) {
+            line = line.empty() ? EncodeLine(DecodeLine("", kDefaultFont)) : line;
+            for (const char ch : line) {
+                expected += ch == '\r' ? "" : ch == '\n' ? "\x01" : std::string(1, ch);
+            }
+            expected += "\r\n";
+        }
+        ASSERT_TRUE(desk_.document.SavePDM(kMenu));
+        EXPECT_EQ(desk_.files.Contents(kMenu), expected);
+        ASSERT_TRUE(desk_.document.FOpen(kMenu));
+        model_.Loaded();
+        model_.done.clear();
+        model_.undone.clear();
+        Compare();
+    }
+
+private:
+    std::size_t Below(std::size_t limit) { return random_() % limit; }
+
+    void Compare() const
+    {
+        EXPECT_EQ(desk_.Lines(), model_.now.lines);
+        EXPECT_EQ(desk_.Selected(), model_.now.selected);
+        EXPECT_EQ(desk_.panel.selected, desk_.editor.Selected());
+        EXPECT_TRUE(desk_.editor.Fields() == model_.fields);
+        EXPECT_TRUE(desk_.panel.fields == model_.fields);
+        EXPECT_EQ(desk_.panel.items, ItemTexts(model_.now.lines));
+        EXPECT_EQ(desk_.editor.CanUndo(), !model_.done.empty());
+        EXPECT_EQ(desk_.editor.CanRedo(), !model_.undone.empty());
+    }
+    // Changes the panel's field that action reports.
+    const MenuItem& Tell(char action)
+    {
+        MenuItem& told = desk_.panel.fields;
+        if (action == 't') {
+            told.type = static_cast<ItemType>(Below(6));
+        } else if (action == 'f' && Below(2) == 0) { // else the dialog is cancelled
+            told.font.size = Below(3) == 0 ? 101 : static_cast<double>(8 + Below(20)) / 2;
+            told.fontColor = static_cast<Color>(Below(3));
+        } else if (action == 'c' || action == 'l') {
+            std::string& text = action == 'c' ? told.caption : told.link;
+            const Texts texts = {"", "two\r\nlines", "cut</CAPTION>", std::string("\0x", 2)};
+            const bool shorter = !text.empty() && Below(2) == 0;
+            text = Below(6) == 0 ? texts[Below(4)] : shorter ? text.substr(1) : "k" + text;
+        }
+        return told;
+    }
+
+    Desk desk_{{"", "7><CAPTION>of old</CAPTION>", "3><CAPTION>two\x01lines", "1>", "nothing",
+                "4><FONTSIZE>200</FONTSIZE><LINK>unseen</LINK>"}};
+    Model model_;
+    std::mt19937 random_;
+};
+
+TEST(MenuEditor, DoesWhatItsModelDoesWhateverTheUserDoes)
+{
+    for (unsigned seed = 1; seed <= 10; ++seed) {
+        RandomUser user(seed);
+        for (int count = 0; count < 1000 && !testing::Test::HasFailure(); ++count) {
+            SCOPED_TRACE("seed " + std::to_string(seed) + ", count " + std::to_string(count));
+            user.Act();
+        }
+        user.SaveAndReopen();
+    }
+}
+
+TEST(MenuEditor, FieldsInUseFollowTheType)
+{
+    Desk desk({"0>", "1>", "2>", "3>", "4>", "5>", "6>", "9>"});
+    const FieldUse all, text{true, false, true, false}, none{false, false, false, false};
+    const FieldUse expected[] = {all, text, text, all, none, none, all, all};
+    for (std::size_t index = 0; index < desk.editor.Count(); ++index) {
+        desk.editor.Select(index);
+        EXPECT_EQ(desk.editor.Use(), expected[index]) << index;
+    }
+}
+
+TEST(MenuEditor, DoesNothingWhileNoMenuIsLoaded)
+{
+    Desk desk({"3><CAPTION>a"});
+    desk.editor.Select(0);
+    desk.editor.InsertNew();
+    desk.editor.MoveUp();
+    desk.editor.Undo();
+    const Texts lines = desk.Lines();
+    desk.document.SetMCh(false);
+    desk.editor.Cleared();
+    for (const char action : std::string("scltf.irudmFzyeL")) {
+        Do(desk.editor, action, std::size_t{0}, MenuItem(), {"C:\\a.exe"});
+    }
+    EXPECT_EQ(desk.panel.items, Texts());
+    EXPECT_EQ(desk.Selected(), -1);
+    EXPECT_TRUE(desk.editor.Fields() == kNewEntry);
+    EXPECT_EQ(desk.Lines(), lines);
+    EXPECT_FALSE(desk.document.MCh());
+}
+
+TEST(MenuEditor, APanelOutOfMemoryLeavesStepsThatCanBeUndone)
+{
+    for (const char action : std::string("curiF")) {
+        Desk desk(LetterLines("abc"));
+        desk.editor.Select(1);
+        desk.panel.outOfMemory = true;
+        EXPECT_THROW(Do(desk.editor, action, std::size_t{0}, kNewEntry, {"D:\\", "E:\\"}),
+                     std::bad_alloc);
+        desk.panel.outOfMemory = false;
+        const Texts changed = desk.Lines();
+        desk.editor.SetLink("typed"); // into the changed entry or none, not into another
+        EXPECT_EQ(desk.Lines() == changed, action != 'c');
+        while (desk.editor.CanUndo()) {
+            desk.editor.Undo();
+        }
+        EXPECT_EQ(desk.Lines(), LetterLines("abc")) << action;
+    }
+}
+
+TEST(MenuEditor, TypingUsesTheSameMemoryAgain)
+{
+    for (const std::size_t length : {20u, 12000u, 100000u}) {
+        MenuItem item = kNewEntry;
+        item.caption.assign(length, 'a');
+        const std::string original = EncodeLine(item);
+        Desk desk({original});
+        desk.editor.Select(0);
+        std::set<const char*> places;
+        const auto type = [&](std::size_t size) {
+            desk.editor.SetCaption(std::string(size, 'a'));
+            places.insert(desk.document.Lines()[0].data());
+        };
+        for (std::size_t key = 1; key <= 400; ++key) {
+            type(length + key - key % 4);
+        }
+        desk.editor.Undo();
+        EXPECT_EQ(desk.Lines(), Texts{original});
+        // A freed block of its own may come back anywhere.
+        for (int round = 0; length < 16000 && round < 100; ++round) {
+            type(length + 400);
+            desk.editor.Undo(); // and what could be done again is dropped by the next key
+            type(length + 1);
+            type(length); // typed away: nothing to undo
+            EXPECT_FALSE(desk.editor.CanUndo());
+        }
+        EXPECT_LE(places.size(), 3u) << length;
+        for (int copy = 0; copy < 8; ++copy) {
+            desk.editor.InsertNew(); // texts that go on where the typing ended
+        }
+        EXPECT_EQ(desk.Lines(), Texts(9, original));
+    }
+}
+
+} // namespace
+} // namespace nv
