@@ -164,7 +164,7 @@ bool MenuDocument::MayClose()
 {
     // During a load the mark still belongs to the menu that was left, whose changes were asked
     // about then.
-    return loading_ || !changed_ || OfferToSave();
+    return loading_ || !unsaved_ || OfferToSave();
 }
 
 void MenuDocument::SetFFile(const std::string& path)

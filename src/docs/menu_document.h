@@ -63,8 +63,9 @@ public:
     void SaveMenu();
     // The toolbar's "Set This Menu As Home Menu": does nothing without a current file.
     void SetThisMenuAsHomeMenu();
-    // Asks about unsaved changes before the program ends (only while the changed mark MCh is set);
-    // false: the program is to go on. While Loading() there is nothing to ask about.
+    // Asks about unsaved changes before the program ends: whatever MCh is since, a changed menu
+    // stays one until it is saved. False: the program is to go on. While Loading() there is nothing
+    // to ask about.
     bool MayClose();
 
     // Full path of the current Menu file; empty when none.

@@ -340,8 +340,8 @@ TEST(MenuDocument, AsksBeforeTheProgramEnds)
                           {{}, false, true}}; // nothing changed
     for (const Case& c : cases) {
         Desk desk;
-        desk.Open(true);
-        desk.document.SetMCh(!c.answers.empty()); // here the mark counts, not the unsaved changes
+        desk.Open(!c.answers.empty());
+        desk.document.SetMCh(false); // the column shows the changes: they are not saved by that
         desk.files.failAt = c.fails ? 1 : 0;
         for (const Answer answer : c.answers) {
             desk.prompts.Expect(answer);
