@@ -1,5 +1,7 @@
 #include "win32/window.h"
 
+#include <new>
+
 namespace nv
 {
 
@@ -42,8 +44,17 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
         if (message == WM_NCDESTROY) {
             SetWindowLongPtrA(window, GWLP_USERDATA, 0);
             self->window_ = nullptr;
-        } else if (const auto result = self->Route(message, wParam, lParam)) {
-            return *result;
+        } else {
+            try {
+                if (const auto result = self->Route(message, wParam, lParam)) {
+                    return *result;
+                }
+            } catch (const std::bad_alloc&) {
+                // No exception may get into the platform. What was asked for is not done; what
+                // stands unsaved can still be saved.
+                MessageBeep(MB_ICONHAND);
+                return 0;
+            }
         }
     }
     return DefWindowProcA(window, message, wParam, lParam);
