@@ -31,9 +31,7 @@ void KelButtonWindow::Refresh()
 
 void KelButtonWindow::MoveTo(const TwipRect& area)
 {
-    const RECT pixels = ToPixels(area, text_.Scale());
-    SetWindowPos(Handle(), nullptr, pixels.left, pixels.top, pixels.right - pixels.left,
-                 pixels.bottom - pixels.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    MoveWindowTo(Handle(), area, text_.Scale());
     button_.Resize({area.width, area.height});
 }
 

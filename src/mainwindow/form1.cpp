@@ -59,15 +59,19 @@ Form1::Form1(MessagePump& pump, std::string programFolder, const Version& versio
     : pump_(pump), programFolder_(std::move(programFolder)),
       title_(WindowTitle(version.major, version.minor, version.revision)),
       scale_(PrimaryScreenScale()), text_(scale_, ProcessCodePage()), pictures_(scale_),
-      shellExe_(shell_, programFolder_), linkPictures_(shellExe_, pictures_),
+      comDial_(programFolder_), shellExe_(shell_, programFolder_),
+      linkPictures_(shellExe_, pictures_),
       document_(files_, prompts_, settings_, pump_, *this, ProcessCodePage(), FormFont()),
       header_(text_, pictures_, ProcessCodePage()),
       strip_(text_, pictures_, [this](Command command) { Run(command); }),
       view_(text_, pictures_, linkPictures_, ProcessCodePage(), document_.Lines(),
-            document_.DefaultFont())
+            document_.DefaultFont()),
+      panel_(text_, pictures_, document_, comDial_, [this](Command command) { Run(command); })
 {
     prompts_.SetTitle(title_);
     header_.Pic().SetFont(TitleFont());
+    panel_.UseChanged = [this] { UpdateButtons(); };
+    panel_.LinesEdited = [this] { LinesEdited(); };
     view_.EntryClick = [this](std::uint32_t entry) { OnEntryClick(entry); };
     pump_.Filter = [this](MSG& message) { return FilterMessage(message); };
 }
@@ -85,7 +89,7 @@ bool Form1::StartUp(std::string_view arguments, int showCommand)
         return false;
     }
     // If the folder is gone, relative paths fail later with messages of their own.
-    (void)SetCurrentDirectoryA(programFolder_.c_str());
+    comDial_.RestoreProgramFolder();
     if (!CreateWindows()) {
         return false;
     }
@@ -102,7 +106,6 @@ bool Form1::StartUp(std::string_view arguments, int showCommand)
     OnSize();
     ShowWindow(Handle(), showCommand);
     TMode(Mode::run);
-    SetFocus(view_.Handle());
     WhenFree([this, filePart = commandLine.filePart] { OpenFirstMenu(filePart); });
     const TwipSize minimum = MinimumSize(nonClientHeight_, locked_);
     minTrack_ = SIZE{scale_.PixelsX(minimum.width), scale_.PixelsY(minimum.height)};
@@ -126,10 +129,12 @@ bool Form1::CreateWindows()
         return false;
     }
     prompts_.SetOwner(Handle());
-    if (!header_.Create(Handle()) || !strip_.Create(Handle()) || !view_.Create(Handle())) {
+    if (!header_.Create(Handle()) || !strip_.Create(Handle()) || !view_.Create(Handle()) ||
+        !panel_.Create(Handle())) {
         return false;
     }
     formFonts_.SetFormFonts(Handle());
+    panel_.FitFonts();
     return true;
 }
 
@@ -209,14 +214,37 @@ void Form1::WhenFree(Job job)
         if (Handle() == nullptr) {
             return; // the job was the end of the program
         }
-        job = std::exchange(next_, nullptr);
-        if (!job && !document_.CutShort().empty()) {
-            job = [this, path = document_.CutShort()] { document_.OpenPDM(path); };
-        }
+        job = NextJob();
     }
     busy_ = false;
+    if (document_.FFile().empty() && mode_ == Mode::edit) {
+        TMode(Mode::run); // there is nothing to edit that could be saved
+    }
     view_.Pane().SetEmptyText(document_.FFile().empty() ? "No menu is open."
                                                         : "This menu has no entries to show.");
+}
+
+void Form1::WhenLoaded(Job job)
+{
+    if (busy_) {
+        afterLoad_ = std::move(job);
+    } else {
+        WhenFree(std::move(job));
+    }
+}
+
+Form1::Job Form1::NextJob()
+{
+    if (next_) {
+        return std::exchange(next_, nullptr);
+    }
+    if (!document_.CutShort().empty()) {
+        return [this, path = document_.CutShort()] { document_.OpenPDM(path); };
+    }
+    if (rebuildCutShort_) {
+        return [this] { Rebuild(); };
+    }
+    return std::exchange(afterLoad_, nullptr);
 }
 
 void Form1::Run(Command command)
@@ -235,9 +263,33 @@ void Form1::Run(Command command)
         WhenFree([this, home = document_.Home()] { document_.FOpen(home); });
         break;
     case Command::normal:
-        Normal();
+        WhenLoaded([this] { Normal(); });
         break;
     case Command::edit:
+        WhenLoaded([this] { TMode(Mode::edit); });
+        break;
+    case Command::saveMenu:
+        WhenLoaded([this] {
+            panel_.Editor().EndTyping();
+            document_.SaveMenu();
+        });
+        break;
+    case Command::setHome:
+        WhenLoaded([this] { document_.SetThisMenuAsHomeMenu(); });
+        break;
+    case Command::insertNew:
+    case Command::remove:
+    case Command::moveUp:
+    case Command::moveDown:
+    case Command::changeFont:
+    case Command::insertPath:
+    case Command::browse:
+    case Command::undo:
+    case Command::redo:
+        if (!busy_) {
+            Edit(command);
+        }
+        break;
     case Command::options:
     case Command::help:
     case Command::openMenu:
@@ -265,22 +317,88 @@ void Form1::Revert()
     });
 }
 
+void Form1::Edit(Command command)
+{
+    MenuEditor& editor = panel_.Editor();
+    switch (command) {
+    case Command::insertNew:
+        return editor.InsertNew();
+    case Command::remove:
+        return editor.Remove();
+    case Command::moveUp:
+        return editor.MoveUp();
+    case Command::moveDown:
+        return editor.MoveDown();
+    case Command::changeFont:
+        return panel_.ChangeFont(Handle());
+    case Command::insertPath:
+        return panel_.InsertPath(Handle());
+    case Command::browse:
+        return panel_.Browse(Handle());
+    case Command::undo:
+        return editor.Undo();
+    case Command::redo:
+        return editor.Redo();
+    default:
+        return;
+    }
+}
+
 void Form1::Normal()
 {
     TMode(Mode::run);
-    if (document_.MCh()) {
-        WhenFree([this] {
-            LinesRebuilt();
-            document_.SetMCh(false);
-        });
+    // A save clears the mark, too, and the column still is that of before.
+    if (document_.MCh() || columnStale_) {
+        Rebuild();
+    }
+}
+
+// Builds the column from the edited lines. May re-enter.
+void Form1::Rebuild()
+{
+    rebuildCutShort_ = false;
+    rebuildCutShort_ = !LinesRebuilt();
+    if (!rebuildCutShort_) {
+        document_.SetMCh(false);
     }
 }
 
 void Form1::TMode(Mode mode)
 {
-    ShowWindow(view_.Handle(), mode == Mode::run ? SW_SHOW : SW_HIDE);
+    const Mode left = std::exchange(mode_, mode);
+    if (left == Mode::edit && mode != Mode::edit) {
+        panel_.Editor().Leave();
+    }
+    // The one to come first, so that the keyboard never stays in a hidden window.
     if (mode == Mode::run) {
+        ShowWindow(view_.Handle(), SW_SHOW);
+        SetFocus(view_.Handle());
+        panel_.Hide();
         view_.Pane().SC();
+    } else if (mode == Mode::edit) {
+        if (left != Mode::edit) {
+            panel_.Editor().Enter();
+        }
+        panel_.Show();
+        ShowWindow(view_.Handle(), SW_HIDE);
+    } else {
+        ShowWindow(view_.Handle(), SW_HIDE);
+        panel_.Hide();
+    }
+    UpdateButtons();
+}
+
+HWND Form1::PanelInView() const
+{
+    return mode_ == Mode::edit ? panel_.ItemListWindow() : view_.Handle();
+}
+
+// Rows of the column stand for lines that may be gone.
+void Form1::LinesEdited()
+{
+    if (!columnStale_) {
+        columnStale_ = true;
+        view_.Pane().FClear();
     }
 }
 
@@ -297,12 +415,23 @@ void Form1::OnEntryClick(std::uint32_t entry)
 
 Facts Form1::CurrentFacts() const
 {
-    return {locked_, !document_.FFile().empty(), !document_.Home().empty()};
+    Facts facts;
+    facts.locked = locked_;
+    facts.fileOpen = !document_.FFile().empty();
+    facts.homeSet = !document_.Home().empty();
+    facts.editing = mode_ == Mode::edit;
+    facts.fontInUse = panel_.Editor().Use().changeFont;
+    facts.browseInUse = panel_.Editor().Use().browse;
+    facts.canUndo = panel_.Editor().CanUndo();
+    facts.canRedo = panel_.Editor().CanRedo();
+    return facts;
 }
 
 void Form1::UpdateButtons()
 {
-    strip_.SetFacts(CurrentFacts());
+    const Facts facts = CurrentFacts();
+    strip_.SetFacts(facts);
+    panel_.SetFacts(facts);
 }
 
 // What the document reports
@@ -314,8 +443,10 @@ void Form1::Leaving(const std::string& path)
 
 void Form1::Cleared()
 {
+    rebuildCutShort_ = false;
     view_.Pane().SetEmptyText("");
     view_.Pane().FClear();
+    panel_.Editor().Cleared();
 }
 
 void Form1::TitleChanged(const std::string& fileName)
@@ -333,6 +464,8 @@ bool Form1::LinesRebuilt()
     if (!view_.Pane().LoadFields(pump_)) {
         return false;
     }
+    columnStale_ = false;
+    panel_.Editor().Loaded();
     OnSize();
     return true;
 }

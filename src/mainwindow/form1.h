@@ -3,11 +3,13 @@
 #include "controls/kel_pic_window.h"
 #include "docs/menu_document.h"
 #include "mainwindow/commands.h"
+#include "mainwindow/edit_panel.h"
 #include "mainwindow/history.h"
 #include "mainwindow/link_pictures.h"
 #include "mainwindow/menu_view.h"
 #include "mainwindow/start_up.h"
 #include "mainwindow/tool_strip.h"
+#include "system/com_dial.h"
 #include "system/form_fonts.h"
 #include "system/regis.h"
 #include "win32/gdi_text.h"
@@ -26,7 +28,7 @@ namespace nv
 {
 
 // The main window. It owns all that lives longer than a dialog: the open document, the history of
-// menus, the toolbar, the view.
+// menus, the toolbar, the view, the editor.
 class Form1 final : public Window, private DocumentEvents
 {
 public:
@@ -46,6 +48,7 @@ public:
 
     const MenuDocument& Document() const { return document_; }
     MenuView& View() { return view_; }
+    EditPanel& Panel() { return panel_; }
 
 protected:
     std::optional<LRESULT> Route(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -57,6 +60,10 @@ private:
     // that loads never run inside each other. Of several jobs the last one is run. A load that was
     // ended for a job that opened nothing begins again.
     void WhenFree(Job job);
+    // Runs job now or, while a menu loads, after the load.
+    void WhenLoaded(Job job);
+    // What is to run next of all that was asked for; nothing.
+    Job NextJob();
 
     bool CheckLauncher();
     bool CreateWindows();
@@ -69,9 +76,15 @@ private:
     void Back();
     void Revert();
     void Normal();
+    void Rebuild();
+    void Edit(Command command);
+    void LinesEdited();
     void OnEntryClick(std::uint32_t entry);
+    // The panels P2 and P3: one is shown, or neither.
     enum class Mode { run = 0, edit = 1, none = 2 };
     void TMode(Mode mode);
+    // The window in it that takes the keyboard.
+    HWND PanelInView() const;
 
     bool FilterMessage(MSG& message);
     bool OnKeyDown(const MSG& message);
@@ -101,6 +114,7 @@ private:
     FormFonts formFonts_;
     GdiText text_;
     Pictures pictures_;
+    ComDial comDial_;
     ShellExe shellExe_;
     LinkPictures linkPictures_;
     MenuDocument document_;
@@ -108,12 +122,17 @@ private:
     KelPicWindow header_;
     ToolStrip strip_;
     MenuView view_;
+    EditPanel panel_;
     Twips nonClientHeight_ = 0;    // what frame and caption add to the window's height
     std::optional<SIZE> minTrack_; // pixels; nothing until start-up is done
     HWND lastFocus_ = nullptr;     // the child that had the keyboard when the window lost it
-    Job next_;
+    Job next_;                     // ends the load that runs
+    Job afterLoad_;                // waits for its end
+    Mode mode_ = Mode::none;
     bool locked_ = false;
     bool busy_ = false;
+    bool columnStale_ = false;     // the lines were edited since the column was built
+    bool rebuildCutShort_ = false; // the building of the column from edited lines was ended
 };
 
 } // namespace nv

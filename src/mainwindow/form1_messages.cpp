@@ -2,8 +2,6 @@
 #include "mainwindow/form1.h"
 #include "win32/screen.h"
 
-#include <algorithm>
-
 namespace nv
 {
 
@@ -26,6 +24,20 @@ Key KeyOf(WPARAM key)
         return Key::left;
     case VK_HOME:
         return Key::home;
+    case VK_UP:
+        return Key::up;
+    case VK_DOWN:
+        return Key::down;
+    case VK_DELETE:
+        return Key::del;
+    case 'E':
+        return Key::e;
+    case 'S':
+        return Key::s;
+    case 'Y':
+        return Key::y;
+    case 'Z':
+        return Key::z;
     case VK_F5:
         return Key::f5;
     default:
@@ -64,11 +76,12 @@ std::optional<LRESULT> Form1::Route(UINT message, WPARAM wParam, LPARAM lParam)
         OnActivate(LOWORD(wParam) != WA_INACTIVE);
         return std::nullopt;
     case WM_SETFOCUS:
-        SetFocus(lastFocus_ != nullptr && IsWindowEnabled(lastFocus_) ? lastFocus_
-                                                                      : view_.Handle());
+        SetFocus(IsWindowEnabled(lastFocus_) && IsWindowVisible(lastFocus_) ? lastFocus_
+                                                                            : PanelInView());
         return 0;
     case WM_MOUSEWHEEL:
-        return SendMessageA(view_.Handle(), message, wParam, lParam);
+        // In edit mode what has the keyboard turns with the wheel.
+        return mode_ == Mode::edit ? 0 : SendMessageA(view_.Handle(), message, wParam, lParam);
     case WM_ERASEBKGND: {
         RECT client = {};
         GetClientRect(Handle(), &client);
@@ -89,17 +102,16 @@ void Form1::OnSize()
     GetClientRect(Handle(), &pixels);
     const TwipRect client = ToTwips(pixels, scale_);
     const auto move = [this](HWND window, const TwipRect& area) {
-        const RECT place = ToPixels(area, scale_);
-        SetWindowPos(window, nullptr, place.left, place.top,
-                     std::max<int>(place.right - place.left, 0),
-                     std::max<int>(place.bottom - place.top, 0), SWP_NOZORDER | SWP_NOACTIVATE);
+        MoveWindowTo(window, area, scale_);
     };
     move(header_.Handle(), {kMargin, kMargin, client.width - 2 * kMargin, kHeaderHeight});
     move(strip_.Handle(), {kMargin, kBodyTop, ToolStrip::kWidth,
                            locked_ ? ToolStrip::kLockedHeight : ToolStrip::kHeight});
     const Twips left = kMargin + ToolStrip::kWidth + kMargin;
-    move(view_.Handle(),
-         {left, kBodyTop, client.width - left - kMargin, client.height - kBodyTop - kBodyBottom});
+    const TwipRect body = {left, kBodyTop, client.width - left - kMargin,
+                           client.height - kBodyTop - kBodyBottom};
+    move(view_.Handle(), body);
+    move(panel_.Handle(), body);
 }
 
 void Form1::OnGetMinMaxInfo(MINMAXINFO& info)
@@ -120,6 +132,9 @@ bool Form1::FilterMessage(MSG& message)
     if (Handle() == nullptr || (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd))) {
         return false;
     }
+    if (panel_.OnCaptionKey(message)) {
+        return true;
+    }
     if ((message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) && OnKeyDown(message)) {
         return true;
     }
@@ -129,11 +144,16 @@ bool Form1::FilterMessage(MSG& message)
 bool Form1::OnKeyDown(const MSG& message)
 {
     const auto pressed = [](int key) { return GetKeyState(key) < 0; };
-    // The message says whether Alt is held; the key state may be that of a later moment.
-    const bool alt = (HIWORD(message.lParam) & KF_ALTDOWN) != 0;
-    const auto command =
-        CommandOfKey(KeyOf(message.wParam), alt, pressed(VK_CONTROL), pressed(VK_SHIFT));
-    if (!command) {
+    KeyPress press;
+    press.key = KeyOf(message.wParam);
+    press.control = pressed(VK_CONTROL);
+    press.shift = pressed(VK_SHIFT);
+    // The message says whether Alt is held, the key state may be that of a later moment; but with
+    // Ctrl held, too, the message does not say so.
+    press.alt = (HIWORD(message.lParam) & KF_ALTDOWN) != 0 || (press.control && pressed(VK_MENU));
+    const Facts facts = CurrentFacts();
+    const auto command = CommandOfKey(press, facts, GetFocus() == panel_.ItemListWindow());
+    if (!command || !Available(*command, facts)) {
         return false;
     }
     if (message.message == WM_SYSKEYDOWN) {

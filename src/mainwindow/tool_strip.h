@@ -1,11 +1,6 @@
 #pragma once
 
-#include "controls/kel_button_window.h"
-#include "mainwindow/commands.h"
-
-#include <array>
-#include <functional>
-#include <memory>
+#include "mainwindow/command_buttons.h"
 
 namespace nv
 {
@@ -21,7 +16,7 @@ public:
     // Creates the strip with its buttons.
     bool Create(HWND parent);
     // Enables each button whose command is to be had.
-    void SetFacts(const Facts& facts);
+    void SetFacts(const Facts& facts) { buttons_.SetFacts(facts); }
 
     static constexpr Twips kWidth = 1760;
     static constexpr Twips kHeight = 5300;
@@ -31,17 +26,7 @@ protected:
     void Paint(Canvas& canvas, const TwipRect& clip) override;
 
 private:
-    struct Place {
-        Command command;
-        const char* caption;
-        std::int32_t picture; // in Im1
-        Twips gap;            // above the button
-    };
-    static const std::array<Place, 9> kPlaces;
-
-    std::function<void(Command)> run_;
-    std::array<std::unique_ptr<KelButtonWindow>, 9> buttons_;
-    std::array<TwipRect, 9> areas_;
+    CommandButtons buttons_;
 };
 
 } // namespace nv

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <windowsx.h>
 
 namespace nv
@@ -33,6 +34,13 @@ RECT ToPixels(const TwipRect& twips, const ScreenScale& scale)
     return {scale.PixelsX(twips.left), scale.PixelsY(twips.top),
             scale.PixelsX(double{twips.left} + double{twips.width}),
             scale.PixelsY(double{twips.top} + double{twips.height})};
+}
+
+void MoveWindowTo(HWND window, const TwipRect& area, const ScreenScale& scale)
+{
+    const RECT place = ToPixels(area, scale);
+    SetWindowPos(window, nullptr, place.left, place.top, std::max<int>(place.right - place.left, 0),
+                 std::max<int>(place.bottom - place.top, 0), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 TwipPoint PointOf(LPARAM lParam, const ScreenScale& scale)

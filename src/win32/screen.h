@@ -18,6 +18,9 @@ CodePage ProcessCodePage();
 TwipRect ToTwips(const RECT& pixels, const ScreenScale& scale);
 RECT ToPixels(const TwipRect& twips, const ScreenScale& scale);
 
+// Moves a window; area in twips of its parent.
+void MoveWindowTo(HWND window, const TwipRect& area, const ScreenScale& scale);
+
 // A mouse message's point, in twips.
 TwipPoint PointOf(LPARAM lParam, const ScreenScale& scale);
 

@@ -219,12 +219,17 @@ bool Program::WaitForTitle(const std::string& title, DWORD within) const
 
 HWND Program::View()
 {
-    for (const HWND child : ChildrenOf(Window())) {
-        if (ClassOf(child) == "NavrixMenuView") {
-            return child;
-        }
-    }
-    return nullptr;
+    return FindWindowExA(Window(), nullptr, "NavrixMenuView", nullptr);
+}
+
+HWND Program::Panel()
+{
+    return FindWindowExA(Window(), nullptr, "NavrixEditPanel", nullptr);
+}
+
+HWND Program::Control(int id)
+{
+    return GetDlgItem(Panel(), id);
 }
 
 HWND Program::Button(const std::string& caption)
@@ -381,6 +386,19 @@ void PressKey(WORD key, std::initializer_list<WORD> held)
     SendKey(key, false);
     for (const WORD modifier : held) {
         SendKey(modifier, false);
+    }
+}
+
+void Type(const std::string& text)
+{
+    for (const char ch : text) {
+        const SHORT key = VkKeyScanA(ch);
+        const auto code = static_cast<WORD>(LOBYTE(key));
+        if ((HIBYTE(key) & 1) != 0) {
+            PressKey(code, {VK_SHIFT});
+        } else {
+            PressKey(code);
+        }
     }
 }
 

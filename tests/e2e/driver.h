@@ -50,6 +50,9 @@ public:
     std::string Title() const;
     bool WaitForTitle(const std::string& title, DWORD within = kDeadline) const;
     HWND View();
+    // The edit panel, and the control in it with that number.
+    HWND Panel();
+    HWND Control(int id);
     HWND Button(const std::string& caption);
     // Whether the program's message loop answers soon.
     bool Answers(DWORD within = 5000) const;
@@ -83,6 +86,9 @@ void TurnWheel(POINT at, int notches); // up is positive
 POINT CentreOf(HWND window);
 // Presses key and lets it go, while the others are held.
 void PressKey(WORD key, std::initializer_list<WORD> held = {});
+
+// Presses the keys that write text: letters, digits and blanks; "\r" is Enter.
+void Type(const std::string& text);
 
 // A picture of a window's client area as it stands on the screen.
 class Picture

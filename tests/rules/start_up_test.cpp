@@ -1,6 +1,5 @@
 #include "fakes/fake_settings.h"
 #include "mainwindow/command_line.h"
-#include "mainwindow/commands.h"
 #include "mainwindow/start_up.h"
 
 #include <gtest/gtest.h>
@@ -124,43 +123,6 @@ TEST(StartFile, IsChosenByTheSetting)
         EXPECT_EQ(StartFileChoice(settings, "first", "home"), chosen) << SettingText(startOpen);
     }
     EXPECT_EQ(WindowTitle(1, 0, 210), "Navrix Menu 1.0.210");
-}
-
-TEST(Commands, AreToBeHadWhenTheyMakeSense)
-{
-    struct Case {
-        Command command;
-        bool withNothing;
-        bool withMenu;
-        bool whenLocked;
-    };
-    const Case cases[] = {
-        {Command::back, true, true, true},
-        {Command::revert, false, true, true},
-        {Command::home, false, true, true},
-        {Command::normal, true, true, false},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(Available(c.command, Facts()), c.withNothing);
-        EXPECT_EQ(Available(c.command, Facts{false, true, true}), c.withMenu);
-        EXPECT_EQ(Available(c.command, Facts{true, true, true}), c.whenLocked);
-    }
-    struct Press {
-        Key key;
-        std::optional<Command> plain;
-        std::optional<Command> withAlt;
-    };
-    const Press presses[] = {
-        {Key::left, std::nullopt, Command::back},
-        {Key::home, std::nullopt, Command::home},
-        {Key::f5, Command::revert, std::nullopt},
-    };
-    for (const Press& press : presses) {
-        EXPECT_EQ(CommandOfKey(press.key, false, false, false), press.plain);
-        EXPECT_EQ(CommandOfKey(press.key, true, false, false), press.withAlt);
-    }
-    EXPECT_EQ(CommandOfKey(Key::backspace, false, false, false), Command::back);
-    EXPECT_EQ(CommandOfKey(Key::backspace, false, true, false), std::nullopt);
 }
 
 } // namespace

@@ -1,0 +1,317 @@
+// Edit mode, used as a user does: the list, the boxes, the buttons, the keys, the pickers, and what
+// then stands in the file.
+#include "e2e/stage.h"
+
+#include <algorithm>
+
+namespace nv::e2e
+{
+
+namespace
+{
+
+enum Control { kList = 301, kType, kCaption, kCommand };
+
+} // namespace
+
+class Editor : public Stage
+{
+protected:
+    // Links with these captions; each runs a program of its name.
+    std::string WriteLinks(const std::string& name, const std::vector<std::string>& captions) const
+    {
+        return WriteMenu(name, Links(captions));
+    }
+    static std::vector<Entry> Links(const std::vector<std::string>& captions)
+    {
+        std::vector<Entry> entries;
+        for (const std::string& caption : captions) {
+            entries.push_back({kLink, caption, caption + ".exe"});
+        }
+        return entries;
+    }
+    // Opens the menu at path in edit mode.
+    Program& Edit(const std::string& path)
+    {
+        Program& program = Open(path);
+        PressKey('E', {VK_CONTROL});
+        EXPECT_TRUE(Until([&] { return program.Focus() == "ListBox"; })) << program.OnScreen();
+        return program;
+    }
+    LRESULT Count() { return Ask(kList, LB_GETCOUNT); }
+    LRESULT Selected() { return Ask(kList, LB_GETCURSEL); }
+    LRESULT Ask(int control, UINT message)
+    {
+        return SendMessageA(Running().Control(control), message, 0, 0);
+    }
+    std::string Caption() { return TextOf(Running().Control(kCaption)); }
+    std::string Command() { return TextOf(Running().Control(kCommand)); }
+    bool WaitForCaption(const std::string& caption)
+    {
+        return Until([&] { return Caption() == caption; });
+    }
+    bool WaitForMode(bool editing)
+    {
+        return Until([&] {
+            return (IsWindowVisible(Running().Panel()) != 0) == editing &&
+                   (IsWindowVisible(Running().View()) != 0) != editing;
+        });
+    }
+    // Saves with Ctrl+S; what the file then holds.
+    std::string Saved(const std::string& path)
+    {
+        DeleteFileA(path.c_str());
+        PressKey('S', {VK_CONTROL});
+        std::string content;
+        EXPECT_TRUE(Until([&] { return ReadWhole(path, content); }));
+        return content;
+    }
+    static bool ReadWhole(const std::string& path, std::string& content)
+    {
+        std::FILE* file = std::fopen(path.c_str(), "rb");
+        if (file == nullptr) {
+            return false;
+        }
+        char buffer[65536];
+        content.assign(buffer, std::fread(buffer, 1, sizeof buffer, file));
+        std::fclose(file);
+        return true;
+    }
+    // The picker that is shown; waits for it. Null: none came.
+    HWND WaitForPicker(const char* title)
+    {
+        HWND picker = nullptr;
+        Until([&] {
+            picker = FindWindowA("#32770", title);
+            return picker != nullptr && IsWindowVisible(picker);
+        });
+        return picker;
+    }
+};
+
+TEST_F(Editor, ShowsWhatIsEditedAndComesBackToItsPlace)
+{
+    Program& program = Edit(WriteLinks("Start.nvm", {"one", "two", "three"}));
+    EXPECT_EQ(Count(), 3);
+    EXPECT_EQ(Selected(), 0);
+    PressKey(VK_DOWN);
+    EXPECT_TRUE(WaitForCaption("two"));
+    EXPECT_EQ(Command(), "two.exe");
+    EXPECT_EQ(Ask(kType, CB_GETCURSEL), kLink);
+    // A caption of two lines, typed.
+    SetForegroundWindow(program.Window());
+    Click(CentreOf(program.Control(kCaption)));
+    PressKey('A', {VK_CONTROL});
+    Type("recorder\rmore");
+    EXPECT_TRUE(WaitForCaption("recorder\r\nmore")) << Caption();
+    PressKey(VK_TAB); // leaves the box
+    EXPECT_TRUE(Until([&] { return program.Focus() == "Insert Path"; })) << program.OnScreen();
+    PressKey('E', {VK_CONTROL});
+    ASSERT_TRUE(WaitForMode(false));
+    EXPECT_EQ(program.Focus(), "NavrixMenuView");
+    PressKey('E', {VK_CONTROL});
+    ASSERT_TRUE(WaitForMode(true));
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_TRUE(WaitForCaption("recorder\r\nmore"));
+    std::vector<Entry> expected = Links({"one", "two", "three"});
+    expected[1].caption = "recorder\x01more";
+    EXPECT_EQ(Saved(Path("Start.nvm")), MenuOf(expected));
+}
+
+TEST_F(Editor, KeysOfTheList)
+{
+    const std::string path = WriteLinks("Start.nvm", {"a", "b", "c", "d"});
+    Edit(path);
+    const auto expect = [&](const char* what, const std::vector<std::string>& captions,
+                            LRESULT selected) {
+        EXPECT_TRUE(Until([&] { return Selected() == selected; })) << what << Selected();
+        EXPECT_EQ(Saved(path), MenuOf(Links(captions))) << what;
+        EXPECT_EQ(Count(), static_cast<LRESULT>(captions.size())) << what;
+    };
+    PressKey(VK_DOWN, {VK_CONTROL});
+    expect("down", {"b", "a", "c", "d"}, 1);
+    PressKey(VK_UP, {VK_CONTROL});
+    PressKey(VK_UP, {VK_CONTROL}); // the first one stays
+    expect("up", {"a", "b", "c", "d"}, 0);
+    PressKey(VK_DELETE);
+    expect("delete", {"b", "c", "d"}, 0);
+    PressKey('Z', {VK_CONTROL});
+    expect("undo", {"a", "b", "c", "d"}, 0);
+    PressKey('Z', {VK_CONTROL});
+    expect("undo", {"b", "a", "c", "d"}, 1);
+    PressKey('Y', {VK_CONTROL});
+    expect("redo", {"a", "b", "c", "d"}, 0);
+    // The boxes: typing is one step, whatever has the keyboard.
+    Click(CentreOf(Running().Control(kCommand)));
+    PressKey(VK_END);
+    Type(" x y");
+    EXPECT_TRUE(Until([&] { return Command() == "a.exe x y"; })) << Command();
+    PressKey('Z', {VK_CONTROL});
+    EXPECT_TRUE(Until([&] { return Command() == "a.exe"; })) << Command();
+    PressKey(VK_DELETE); // deletes text, if anything
+    expect("typing undone", {"a", "b", "c", "d"}, 0);
+    ASSERT_TRUE(ClickButton("Insert New"));
+    expect("insert", {"a", "a", "b", "c", "d"}, 1);
+    ASSERT_TRUE(ClickButton("Move Down"));
+    ASSERT_TRUE(ClickButton("Remove"));
+    expect("remove", {"a", "b", "c", "d"}, 2);
+}
+
+TEST_F(Editor, EntriesAreDragged)
+{
+    const std::string path = WriteLinks("Start.nvm", {"a", "b", "c", "d"});
+    Program& program = Edit(path);
+    const HWND list = program.Control(kList);
+    const auto at = [&](int row) {
+        const RECT place = PlaceOf(list);
+        const auto height = static_cast<int>(SendMessageA(list, LB_GETITEMHEIGHT, 0, 0));
+        return POINT{place.left + 40, place.top + 2 + row * height + height / 4};
+    };
+    PressMouse(at(0));
+    EXPECT_TRUE(Until([&] { return Selected() == 0; }));
+    MoveMouse(at(1));
+    MoveMouse(at(3)); // its upper half: before d
+    ReleaseMouse(at(3));
+    EXPECT_TRUE(Until([&] { return Selected() == 2; })) << Selected();
+    EXPECT_EQ(Saved(path), MenuOf(Links({"b", "c", "a", "d"})));
+    PressMouse(at(1)); // a click drags nothing
+    ReleaseMouse(at(1));
+    EXPECT_TRUE(Until([&] { return Selected() == 1; }));
+    EXPECT_EQ(Saved(path), MenuOf(Links({"b", "c", "a", "d"})));
+}
+
+TEST_F(Editor, AsksBeforeChangesAreLost)
+{
+    const std::string start = WriteLinks("Start.nvm", {"a", "b"});
+    const std::string home = WriteLinks("Home.nvm", {"h"});
+    SetSetting("Settings", "Home", home);
+    const std::string question = "Do you want to save the changes you made to \n\n" + start + "?";
+    enum Leaving { goHome, close };
+    const struct {
+        Leaving leaving;
+        bool normalFirst; // shows the changes, which is not saving them
+        const char* answer;
+        bool leaves;
+        bool saved;
+    } cases[] = {
+        {goHome, false, "Cancel", false, false}, {goHome, true, "No", true, false},
+        {goHome, false, "Yes", true, true},      {close, false, "Cancel", false, false},
+        {close, true, "No", true, false},        {close, false, "Yes", true, true},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.answer + std::string(each.leaving == close ? " close" : " home"));
+        WriteLinks("Start.nvm", {"a", "b"});
+        Program& program = Edit(start);
+        PressKey(VK_DELETE);
+        EXPECT_TRUE(Until([&] { return Count() == 1; }));
+        if (each.normalFirst) {
+            PressKey('E', {VK_CONTROL});
+            ASSERT_TRUE(WaitForMode(false));
+        }
+        if (each.leaving == goHome) {
+            ASSERT_TRUE(ClickButton("Home"));
+        } else {
+            PostMessageA(program.Window(), WM_CLOSE, 0, 0);
+        }
+        const auto box = program.WaitForBox();
+        ASSERT_TRUE(box) << program.OnScreen();
+        EXPECT_EQ(box->text, question);
+        EXPECT_EQ(box->icon, BoxIcon::question);
+        ASSERT_TRUE(program.Answer(*box, each.answer));
+        if (each.leaves && each.leaving == close) {
+            EXPECT_EQ(program.ExitCode(), 0u);
+        } else {
+            EXPECT_TRUE(WaitForMenu(each.leaves ? home : start)) << program.OnScreen();
+        }
+        std::string content;
+        EXPECT_TRUE(ReadWhole(start, content));
+        EXPECT_EQ(content, MenuOf(Links(each.saved ? std::vector<std::string>{"b"}
+                                                   : std::vector<std::string>{"a", "b"})));
+        if (!each.leaves) { // Revert asks as well
+            ASSERT_TRUE(ClickButton("Revert"));
+            const auto again = program.WaitForBox();
+            ASSERT_TRUE(again);
+            ASSERT_TRUE(program.Answer(*again, "No"));
+            EXPECT_TRUE(Until([&] { return Count() == 2; }));
+        }
+        EXPECT_EQ(Close().value_or(0), 0u); // clean again: asks nothing
+    }
+}
+
+TEST_F(Editor, BrowseAndFontPickers)
+{
+    const std::string path = WriteLinks("Start.nvm", {"a"});
+    Program& program = Edit(path);
+    ASSERT_TRUE(ClickButton("Browse"));
+    const HWND picker = WaitForPicker("Browse");
+    ASSERT_NE(picker, nullptr) << program.OnScreen();
+    const std::string chosen = Path("recorder.exe");
+    EXPECT_TRUE(Until([&] {
+        const HWND name = GetDlgItem(picker, 0x47c);
+        SendMessageA(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(chosen.c_str()));
+        return TextOf(name) == chosen;
+    }));
+    PostMessageA(picker, WM_COMMAND, IDOK, 0);
+    const std::string quoted = '"' + chosen + '"';
+    // The caret stood before what was there.
+    EXPECT_TRUE(Until([&] { return Command() == quoted + "a.exe"; })) << Command();
+    PressKey('Z', {VK_CONTROL});
+    EXPECT_TRUE(Until([&] { return Command() == "a.exe"; })) << Command();
+
+    ASSERT_TRUE(ClickButton("Change Font..."));
+    const HWND fonts = WaitForPicker("Font");
+    ASSERT_NE(fonts, nullptr) << program.OnScreen();
+    PostMessageA(fonts, WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(Until([&] { return !IsWindow(fonts) && IsWindowEnabled(program.Window()); }));
+    EXPECT_EQ(Saved(path), MenuOf(Links({"a"})));
+}
+
+TEST_F(Editor, StaysOutOfLockedMode)
+{
+    const std::string path = WriteLinks("Start.nvm", {"a"});
+    Program& program = Start('"' + path + "\" /l");
+    ASSERT_TRUE(WaitUntilLoaded(path));
+    DeleteFileA(path.c_str());
+    PressKey('E', {VK_CONTROL});
+    PressKey('S', {VK_CONTROL});
+    PressKey(VK_DELETE);
+    EXPECT_TRUE(program.Answers());
+    EXPECT_TRUE(WaitForMode(false));
+    EXPECT_EQ(GetFileAttributesA(path.c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(Editor, EverythingHasItsPlaceAtEverySize)
+{
+    Program& program = Edit(WriteLinks("Start.nvm", {"a"}));
+    for (const SIZE size : {SIZE{0, 0}, SIZE{900, 600}, SIZE{1270, 990}}) {
+        SetWindowPos(program.Window(), nullptr, 0, 0, size.cx, size.cy, SWP_NOZORDER);
+        ASSERT_TRUE(program.Answers());
+        const RECT panel = PlaceOf(program.Panel());
+        std::vector<HWND> children;
+        for (HWND child = GetWindow(program.Panel(), GW_CHILD); child != nullptr;
+             child = GetWindow(child, GW_HWNDNEXT)) {
+            children.push_back(child);
+        }
+        for (std::size_t index = 0; index < children.size(); ++index) {
+            const RECT place = PlaceOf(children[index]);
+            RECT common = {};
+            EXPECT_TRUE(IntersectRect(&common, &place, &panel) && EqualRect(&common, &place))
+                << TextOf(children[index]) << index << " is outside at " << size.cx;
+            for (std::size_t other = 0; other < index; ++other) {
+                const RECT otherPlace = PlaceOf(children[other]);
+                EXPECT_FALSE(IntersectRect(&common, &place, &otherPlace))
+                    << index << " lies over " << other << " at " << size.cx;
+            }
+        }
+    }
+    // The Tab key goes in reading order.
+    for (const char* next :
+         {"Insert New", "Remove", "Move Up", "Move Down", "ComboBox", "Edit", "Insert Path",
+          "Change Font...", "Edit", "Browse", "Save Menu", "Set This Menu As Home Menu"}) {
+        PressKey(VK_TAB);
+        EXPECT_TRUE(Until([&] { return program.Focus() == next; }))
+            << next << " is not it, but " << program.Focus();
+    }
+}
+
+} // namespace nv::e2e
