@@ -410,6 +410,44 @@ Picture::Picture(HWND window)
     GetClientRect(window, &client);
     width_ = client.right;
     height_ = client.bottom;
+    POINT origin = {};
+    ClientToScreen(window, &origin);
+    const HDC screen = GetDC(nullptr);
+    Take(screen, origin);
+    ReleaseDC(nullptr, screen);
+}
+
+Picture::Picture(const std::wstring& text, int points, BYTE charset, COLORREF color)
+{
+    const auto length = static_cast<int>(text.size());
+    const HDC screen = GetDC(nullptr);
+    const HDC dc = CreateCompatibleDC(screen);
+    const HFONT font = CreateFontA(-MulDiv(points, 96, 72), 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE,
+                                   charset, 0, 0, 0, 0, "Tahoma");
+    const HGDIOBJ oldFont = SelectObject(dc, font);
+    SIZE size = {};
+    GetTextExtentPoint32W(dc, text.c_str(), length, &size);
+    width_ = size.cx;
+    height_ = size.cy;
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, width_, height_);
+    const HGDIOBJ oldBitmap = SelectObject(dc, bitmap);
+    const RECT all = {0, 0, width_, height_};
+    FillRect(dc, &all, GetSysColorBrush(COLOR_BTNFACE));
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, color);
+    TextOutW(dc, 0, 0, text.c_str(), length);
+    Take(dc, {0, 0});
+    SelectObject(dc, oldBitmap);
+    SelectObject(dc, oldFont);
+    DeleteObject(bitmap);
+    DeleteObject(font);
+    DeleteDC(dc);
+    ReleaseDC(nullptr, screen);
+}
+
+// Copies width_ by height_ pixels.
+void Picture::Take(HDC from, POINT origin)
+{
     pixels_.resize(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_));
     if (pixels_.empty()) {
         return;
@@ -420,20 +458,16 @@ Picture::Picture(HWND window)
     info.bmiHeader.biHeight = -height_; // the top row first
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
-    POINT origin = {};
-    ClientToScreen(window, &origin);
-    const HDC screen = GetDC(nullptr);
-    const HDC dc = CreateCompatibleDC(screen);
+    const HDC dc = CreateCompatibleDC(from);
     void* bits = nullptr;
     const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     const HGDIOBJ old = SelectObject(dc, bitmap);
-    BitBlt(dc, 0, 0, width_, height_, screen, origin.x, origin.y, SRCCOPY);
+    BitBlt(dc, 0, 0, width_, height_, from, origin.x, origin.y, SRCCOPY);
     GdiFlush();
     std::copy_n(static_cast<const DWORD*>(bits), pixels_.size(), pixels_.begin());
     SelectObject(dc, old);
     DeleteObject(bitmap);
     DeleteDC(dc);
-    ReleaseDC(nullptr, screen);
     for (DWORD& pixel : pixels_) {
         pixel &= 0xFFFFFF;
     }
@@ -459,6 +493,23 @@ std::optional<POINT> Picture::Find(COLORREF color) const
     }
     const auto index = static_cast<LONG>(found - pixels_.begin());
     return POINT{index % width_, index / width_};
+}
+
+bool Picture::Contains(const Picture& part) const
+{
+    for (int y = 0; y + part.height_ <= height_; ++y) {
+        for (int x = 0; x + part.width_ <= width_; ++x) {
+            int row = 0;
+            while (row < part.height_ &&
+                   std::equal(part.Row(row), part.Row(row) + part.width_, Row(y + row) + x)) {
+                ++row;
+            }
+            if (row == part.height_) {
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 std::optional<POINT> WaitForColor(HWND window, COLORREF color, DWORD within)

@@ -94,15 +94,25 @@ void Type(const std::string& text);
 class Picture
 {
 public:
+    // A window's client area as it stands on the screen.
     explicit Picture(HWND window);
+    // A text as a program draws it. In bold Tahoma on the colour of buttons; points at 96 dpi.
+    Picture(const std::wstring& text, int points, BYTE charset, COLORREF color);
     int Width() const { return width_; }
     int Height() const { return height_; }
     COLORREF At(int x, int y) const;
     // A pixel of exactly that colour, the topmost one; in the client area.
     std::optional<POINT> Find(COLORREF color) const;
+    bool Contains(const Picture& part) const;
     bool operator==(const Picture& other) const { return pixels_ == other.pixels_; }
 
 private:
+    void Take(HDC from, POINT origin);
+    const DWORD* Row(int y) const
+    {
+        return pixels_.data() + static_cast<std::ptrdiff_t>(y) * width_;
+    }
+
     int width_ = 0;
     int height_ = 0;
     std::vector<DWORD> pixels_;

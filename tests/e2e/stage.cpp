@@ -33,7 +33,8 @@ std::string LineOf(const Entry& entry)
            entry.size +
            "</FONTSIZE> <FONTBOLD>True</FONTBOLD> <FONTITALIC>False</FONTITALIC> "
            "<FONTSTR>False</FONTSTR> <FONTUNDER>False</FONTUNDER> <FONTCOLOR>" +
-           std::to_string(entry.color) + "</FONTCOLOR> <FONTCHAR>0</FONTCHAR>";
+           std::to_string(entry.color) + "</FONTCOLOR> <FONTCHAR>" + std::to_string(entry.charset) +
+           "</FONTCHAR>";
 }
 
 std::string MenuOf(const std::vector<Entry>& entries)
@@ -47,8 +48,7 @@ std::string MenuOf(const std::vector<Entry>& entries)
 
 void Stage::SetUp()
 {
-    // A blank in the name: paths are quoted where they must be.
-    folder_ = scratch_ / "the program";
+    folder_ = scratch_ / folder_;
     ASSERT_TRUE(CreateDirectoryA(folder_.c_str(), nullptr)) << folder_;
     CopyTo(folder_, MENU_FROM_TESTS, "NVMenu.exe");
     CopyTo(folder_, COMPANION_FROM_TESTS, "NVSub.exe");

@@ -29,6 +29,7 @@ struct Entry {
     long color = 0;
     std::string size = "16";
     std::string font = "Tahoma";
+    int charset = 0;
 };
 
 // A line of a Menu file, without line end.
@@ -38,6 +39,9 @@ std::string MenuOf(const std::vector<Entry>& entries);
 class Stage : public ::testing::Test
 {
 protected:
+    // folder: the name of the program's folder. It has a blank, as paths are quoted where they
+    // must be.
+    explicit Stage(std::string folder = "the program") : folder_(std::move(folder)) {}
     void SetUp() override;
     // Expects a program that still runs to close at once with exit code 0.
     void TearDown() override;

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 namespace
@@ -10,8 +11,9 @@ namespace
 
 std::string Variable(const char* name)
 {
-    char value[1024] = "";
-    return GetEnvironmentVariableA(name, value, sizeof value) < sizeof value ? value : "";
+    // Not GetEnvironmentVariableA: in double-byte code pages Wine cuts its answer.
+    const char* value = std::getenv(name);
+    return value != nullptr ? value : "";
 }
 
 } // namespace
