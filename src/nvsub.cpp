@@ -26,9 +26,10 @@ std::string ExpandVariables(const std::string& text)
 {
     std::string expanded;
     DWORD needed = static_cast<DWORD>(text.size() + 1);
-    while (needed > expanded.size()) {
-        expanded.resize(needed);
-        needed = ExpandEnvironmentStringsA(text.c_str(), expanded.data(), needed);
+    // In double-byte code pages the system counts characters, of up to two bytes each.
+    while (needed * 2 > expanded.size()) {
+        expanded.resize(needed * 2);
+        needed = ExpandEnvironmentStringsA(text.c_str(), expanded.data(), needed * 2);
     }
     if (needed == 0) {
         return text;

@@ -33,6 +33,7 @@ TEST_F(CodePage, LinksReachWhatTheyName)
     const std::string menu = folder + "\\" + two_ + ".nvm";
     ASSERT_TRUE(CreateDirectoryA(folder.c_str(), nullptr));
     ASSERT_TRUE(MoveFileA(Path("recorder.exe").c_str(), program.c_str()));
+    ASSERT_TRUE(SetEnvironmentVariableA("NAVRIX_HERE", Folder().c_str()));
     const std::string quoted = '"' + program + '"';
     const struct {
         std::string command;
@@ -43,6 +44,7 @@ TEST_F(CodePage, LinksReachWhatTheyName)
         {two_ + one_ + ".exe " + one_, one_, Folder()},
         {quoted + " " + one_ + " /NV " + folder, one_, folder},
         {"NVSUB " + quoted + " " + one_ + " /NV " + folder, one_, folder},
+        {"NVSUB \"%NAVRIX_HERE%\\" + two_ + one_ + ".exe\" " + two_, two_, Folder()},
     };
     std::vector<Entry> entries;
     for (const auto& each : cases) {
