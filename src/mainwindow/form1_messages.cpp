@@ -138,7 +138,7 @@ bool Form1::FilterMessage(MSG& message)
     if ((message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) && OnKeyDown(message)) {
         return true;
     }
-    return IsDialogMessageA(Handle(), &message) != 0;
+    return IsDialogMessageW(Handle(), &message) != 0;
 }
 
 bool Form1::OnKeyDown(const MSG& message)
