@@ -90,7 +90,6 @@ void PressKey(WORD key, std::initializer_list<WORD> held = {});
 // Presses the keys that write text: letters, digits and blanks; "\r" is Enter.
 void Type(const std::string& text);
 
-// A picture of a window's client area as it stands on the screen.
 class Picture
 {
 public:
