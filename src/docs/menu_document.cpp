@@ -5,6 +5,7 @@
 #include "docs/paths.h"
 #include "docs/safe_save.h"
 #include "platform/byte_scan.h"
+#include "platform/mark.h"
 #include "platform/system_error.h"
 
 #include <new>
@@ -37,19 +38,6 @@ void AppendFileForm(std::string& form, std::string_view line)
         at = found + (pair ? 2 : 1);
     }
 }
-
-// True for the life of the object.
-class Mark
-{
-public:
-    explicit Mark(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Mark() { flag_ = false; }
-    Mark(const Mark&) = delete;
-    Mark& operator=(const Mark&) = delete;
-
-private:
-    bool& flag_;
-};
 
 } // namespace
 

@@ -2,6 +2,7 @@
 
 #include "docs/menu_line.h"
 #include "docs/paths.h"
+#include "platform/mark.h"
 #include "platform/system_colors.h"
 
 #include <algorithm>
@@ -14,19 +15,6 @@ namespace
 {
 
 constexpr double kLargestSize = 100; // points
-
-// True for the life of the object.
-class Mark
-{
-public:
-    explicit Mark(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Mark() { flag_ = false; }
-    Mark(const Mark&) = delete;
-    Mark& operator=(const Mark&) = delete;
-
-private:
-    bool& flag_;
-};
 
 MenuItem NewEntry(const Font& font)
 {
