@@ -35,12 +35,10 @@ bool MenuPane::LoadFields(EventPump& pump)
 {
     FClear();
     pictures_.Clear();
-    listedItems_ = 0;
     for (std::size_t index = 0; index < lines_.size(); ++index) {
         const MenuItem item = ShownItem(lines_[index], defaultFont_);
         column_.Add(static_cast<std::uint32_t>(index), item, tick_);
         StartTyping(item);
-        ++listedItems_;
         SC();
         if (!pump.LetEventsThrough()) {
             return false;

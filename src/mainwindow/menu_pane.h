@@ -63,8 +63,6 @@ public:
 
     const MenuColumn& Column() const { return column_; }
     const Scrolling& Scroll() const { return scrolling_; }
-    // Entries that stand in the item list of the editor.
-    std::size_t ListedItems() const { return listedItems_; }
 
     void Paint(Canvas& canvas, const TwipRect& clip);
     // One tick of the titles' typing.
@@ -151,7 +149,6 @@ private:
     TwipSize view_;
     std::string emptyText_;
     std::unordered_map<std::uint32_t, Visual> visuals_;
-    std::size_t listedItems_ = 0;
     std::uint32_t tick_ = 0;
     std::uint32_t typingUntil_ = 0;  // the tick at which the last title stands whole
     std::uint32_t generation_ = 0;   // counts the columns: rows of an older one are gone
