@@ -1,47 +1,25 @@
 // column_bench: opens, paints, scrolls and points at menus of 10, 100 and 100,000 entries in a main
 // window of the program's own, in this process.
+#include "bench_window.h"
 #include "figures.h"
-#include "mainwindow/form1.h"
-#include "sample_menu.h"
-#include "win32/process.h"
 
-#include <windows.h>
-
-#include <commctrl.h>
-
-#include <array>
 #include <cstdio>
-#include <cstdlib>
-#include <functional>
 #include <psapi.h>
 
 namespace
 {
 
 using namespace nv;
+using bench::BenchWindow;
 using bench::LowQuarter;
 using bench::Median;
+using bench::Opening;
 using bench::Report;
 using bench::Tell;
+using bench::TimeOf;
 
 constexpr int kRounds = 9;
 constexpr std::size_t kEntries = 100000;
-
-double Milliseconds()
-{
-    LARGE_INTEGER now = {};
-    LARGE_INTEGER frequency = {};
-    QueryPerformanceCounter(&now);
-    QueryPerformanceFrequency(&frequency);
-    return static_cast<double>(now.QuadPart) * 1000 / static_cast<double>(frequency.QuadPart);
-}
-
-double TimeOf(const std::function<void()>& work)
-{
-    const double start = Milliseconds();
-    work();
-    return Milliseconds() - start;
-}
 
 BOOL CALLBACK Count(HWND window, LPARAM count)
 {
@@ -56,134 +34,26 @@ BOOL CALLBACK Count(HWND window, LPARAM count)
     return TRUE;
 }
 
-struct Opening {
-    double firstScreen; // milliseconds until the first rows that fill the view were painted
-    double whole;       // ... until the column and the item list stand
-};
-
-// The main window on a folder of its own, with a home menu that leads to the menus to be opened.
-class Bench
+// Paints what is invalid in the view now.
+void Paint(BenchWindow& bench)
 {
-public:
-    Bench();
-    // Back to the home menu, then the menu of its entry.
-    Opening Open(std::uint32_t homeEntry);
-    // Lets the program do what waits.
-    void Settle();
-
-    MenuPane& Pane() { return form_.View().Pane(); }
-    HWND View() { return form_.View().Handle(); }
-    // Paints what is invalid now.
-    void Paint() { UpdateWindow(View()); }
-    // One message of the view's scroll bar, with all that follows from it.
-    void Scroll(WPARAM request);
-    void PointAt(int y) { SendMessageA(View(), WM_MOUSEMOVE, 0, MAKELPARAM(100, y)); }
-    std::size_t FileSize() const { return fileSize_; }
-
-private:
-    static LRESULT CALLBACK WatchPaint(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                       UINT_PTR, DWORD_PTR bench);
-    bool FillsView();
-
-    std::size_t fileSize_ = 0;
-    MessagePump pump_;
-    std::optional<Form1> ownForm_;
-    Form1& form_;
-    double painted_ = 0; // when the first full screen was, 0: not yet
-
-    static Form1& MakeForm(Bench& bench);
-};
-
-Form1& Bench::MakeForm(Bench& bench)
-{
-    const std::string folder = ProgramFolder() + "\\column";
-    CreateDirectoryA(folder.c_str(), nullptr);
-    CreateDirectoryA((folder + "\\menus").c_str(), nullptr);
-    // The main window only looks whether it is there.
-    std::fclose(std::fopen((folder + "\\NVSub.exe").c_str(), "wb"));
-    const std::vector<std::string> menus = {folder + "\\menus\\10.nvm", folder + "\\menus\\100.nvm",
-                                            folder + "\\menus\\100000.nvm"};
-    bench::WriteMenu(folder + "\\Home.nvm", 10, menus);
-    bench::WriteMenu(menus[0], 10);
-    bench::WriteMenu(menus[1], 100);
-    bench.fileSize_ = bench::WriteMenu(menus[2], kEntries);
-    return bench.ownForm_.emplace(bench.pump_, folder, Form1::Version{1, 0, 0});
+    UpdateWindow(bench.View());
 }
 
-Bench::Bench() : form_(MakeForm(*this))
+// One message of the view's scroll bar, with all that follows from it.
+void Scroll(BenchWindow& bench, WPARAM request)
 {
-    if (!form_.StartUp("", SW_SHOWNORMAL)) {
-        std::fprintf(stderr, "column_bench: no window\n");
-        std::exit(1);
-    }
-    SetWindowSubclass(View(), WatchPaint, 1, reinterpret_cast<DWORD_PTR>(this));
-    Settle();
-}
-
-bool Bench::FillsView()
-{
-    const auto& rows = Pane().Column().Rows();
-    return !form_.Document().Loading() ||
-           (!rows.empty() && Pane().AreaOf(static_cast<std::uint32_t>(rows.size() - 1)).top >
-                                 Pane().ViewSize().height);
-}
-
-LRESULT CALLBACK Bench::WatchPaint(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                   UINT_PTR, DWORD_PTR bench)
-{
-    auto& self = *reinterpret_cast<Bench*>(bench);
-    const bool full = message == WM_PAINT && self.painted_ == 0 && self.FillsView();
-    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-    if (full) {
-        GdiFlush();
-        self.painted_ = Milliseconds();
-    }
-    return result;
-}
-
-Opening Bench::Open(std::uint32_t homeEntry)
-{
-    MSG home = {};
-    home.hwnd = View();
-    home.message = WM_SYSKEYDOWN;
-    home.wParam = VK_HOME;
-    home.lParam = static_cast<LPARAM>(KF_ALTDOWN) << 16;
-    pump_.Filter(home);
-    Settle();
-
-    painted_ = 0;
-    const double start = Milliseconds();
-    form_.View().EntryClick(homeEntry);
-    const double whole = Milliseconds() - start;
+    SendMessageA(bench.View(), WM_VSCROLL, request, 0);
     MSG message = {};
-    while (painted_ == 0 && GetMessageA(&message, nullptr, 0, 0) > 0) {
+    while (PeekMessageA(&message, bench.View(), WM_APP, 0xBFFF, PM_REMOVE)) {
         DispatchMessageA(&message);
     }
-    const double firstScreen = painted_ - start;
-    Settle();
-    return {firstScreen, whole};
+    Paint(bench);
 }
 
-void Bench::Settle()
+void PointAt(BenchWindow& bench, int y)
 {
-    const DWORD start = GetTickCount();
-    while (GetTickCount() - start < 300) {
-        MSG message = {};
-        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-            DispatchMessageA(&message);
-        }
-        Sleep(1);
-    }
-}
-
-void Bench::Scroll(WPARAM request)
-{
-    SendMessageA(View(), WM_VSCROLL, request, 0);
-    MSG message = {};
-    while (PeekMessageA(&message, View(), WM_APP, 0xBFFF, PM_REMOVE)) {
-        DispatchMessageA(&message);
-    }
-    Paint();
+    SendMessageA(bench.View(), WM_MOUSEMOVE, 0, MAKELPARAM(100, y));
 }
 
 // What a user does with an open menu, in milliseconds for each time.
@@ -193,17 +63,17 @@ struct Costs {
     std::vector<double> point;
 };
 
-Costs Measure(Bench& bench)
+Costs Measure(BenchWindow& bench)
 {
     Costs costs;
     bench.Pane().ScrollBy(bench.Pane().Scroll().Maximum() / 2);
     bench.Settle();
     for (int turn = 0; turn < 20; ++turn) {
         InvalidateRect(bench.View(), nullptr, FALSE);
-        costs.paint.push_back(TimeOf([&] { bench.Paint(); }));
+        costs.paint.push_back(TimeOf([&] { Paint(bench); }));
     }
     for (int turn = 0; turn < 200; ++turn) {
-        costs.point.push_back(TimeOf([&] { bench.PointAt(10 + turn * 53 % 300); }));
+        costs.point.push_back(TimeOf([&] { PointAt(bench, 10 + turn * 53 % 300); }));
     }
     bench.Pane().ScrollBy(-bench.Pane().Scroll().Maximum());
     bench.Settle();
@@ -211,7 +81,7 @@ Costs Measure(Bench& bench)
     WPARAM direction = SB_LINEDOWN;
     for (int turn = 0; turn < 30; ++turn) {
         const int before = bench.Pane().Scroll().Value();
-        const double time = TimeOf([&] { bench.Scroll(direction); });
+        const double time = TimeOf([&] { Scroll(bench, direction); });
         if (bench.Pane().Scroll().Value() == before) {
             direction = direction == SB_LINEDOWN ? SB_LINEUP : SB_LINEDOWN;
         } else {
@@ -242,14 +112,14 @@ int Windows()
     return count;
 }
 
-void ReportMemoryAndWindows(Bench& bench)
+void ReportMemoryAndWindows(BenchWindow& bench)
 {
     bench.Open(0);
     const Memory small = UsedMemory();
     const int windows = Windows();
     bench.Open(2);
     const Memory large = UsedMemory();
-    const auto text = static_cast<double>(bench.FileSize());
+    const auto text = static_cast<double>(bench.FileSize(2));
     const auto entries = static_cast<double>(kEntries);
     Tell("memory an entry beyond its text, own", (large.own - small.own - text) / entries, "bytes");
     Report("memory an entry beyond its text (in RAM)", (large.inRam - small.inRam - text) / entries,
@@ -258,7 +128,7 @@ void ReportMemoryAndWindows(Bench& bench)
     Report("windows more with 100,000 entries than with 10", Windows() - windows, 0, "windows");
 }
 
-void ReportOpening(Bench& bench)
+void ReportOpening(BenchWindow& bench)
 {
     std::vector<double> smallFirst;
     std::vector<double> largeFirst;
@@ -285,7 +155,7 @@ struct Comparison {
     std::vector<double> ratio;
 };
 
-void ReportCosts(Bench& bench)
+void ReportCosts(BenchWindow& bench)
 {
     Comparison comparisons[] = {{"painting a screen", &Costs::paint, {}, {}, {}},
                                 {"scrolling a step", &Costs::scroll, {}, {}, {}},
@@ -313,10 +183,7 @@ void ReportCosts(Bench& bench)
 
 int main()
 {
-    const ProcessSetup setup;
-    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES | ICC_BAR_CLASSES};
-    InitCommonControlsEx(&controls);
-    Bench bench;
+    BenchWindow bench("column", {10, 100, kEntries});
     ReportMemoryAndWindows(bench);
     ReportOpening(bench);
     ReportCosts(bench);

@@ -33,6 +33,8 @@ program=$windows/program/NVMenu.exe
 run "start" wine start_bench.exe "Z:${program//\//\\}"
 "$tools/wine-up" "$windows/wine" picture
 run "column" wine column_bench.exe
+"$tools/wine-up" "$windows/wine" picture
+run "editing" wine edit_bench.exe
 
 echo
 echo "NVMenu.exe: $(stat -c %s "$program") bytes, needs" \
@@ -40,7 +42,7 @@ echo "NVMenu.exe: $(stat -c %s "$program") bytes, needs" \
 printf '=\tsize of NVMenu.exe\t%s\t1000000 bytes\t%s\n' "$(stat -c '%s bytes' "$program")" \
     "$([ "$(stat -c %s "$program")" -lt 1000000 ] && echo yes || echo NO)" >>"$results"
 echo
-printf '%-54s %16s %16s  %s\n' figure measured "at most" met
+printf '%-62s %16s %16s  %s\n' figure measured "at most" met
 grep '^=' "$results" | while IFS=$'\t' read -r _ figure measured aim met; do
-    printf '%-54s %16s %16s  %s\n' "$figure" "$measured" "$aim" "$met"
+    printf '%-62s %16s %16s  %s\n' "$figure" "$measured" "$aim" "$met"
 done
