@@ -1,6 +1,7 @@
 #include "mainwindow/edit_panel.h"
 
 #include "mainwindow/browse.h"
+#include "platform/mark.h"
 #include "win32/screen.h"
 #include "win32/window_text.h"
 
@@ -39,8 +40,10 @@ EditPanel::EditPanel(GdiText& text, Pictures& pictures, MenuDocument& document, 
     title_.Pic().SetFont(bold);
     list_.Text = [this](std::size_t index) { return editor_.ItemText(index); };
     list_.Dropped = [this](std::size_t from, std::size_t gap) {
-        editor_.Select(from);
-        editor_.MoveTo(gap);
+        if (MayEdit()) {
+            editor_.Select(from);
+            editor_.MoveTo(gap);
+        }
     };
 }
 
@@ -192,7 +195,7 @@ LRESULT EditPanel::OnDropFiles(HDROP drop)
         paths.push_back(std::move(path));
     }
     DragFinish(drop);
-    if (const auto gap = list_.GapAt(at)) {
+    if (const auto gap = list_.GapAt(at); gap && MayEdit()) {
         editor_.InsertFiles(paths, *gap);
     }
     return 0;
@@ -285,16 +288,17 @@ void EditPanel::LinesChanged()
 
 void EditPanel::FillFields()
 {
-    filling_ = true;
-    const MenuItem& fields = editor_.Fields();
-    ShowCaptionFont();
-    const bool caption = FillBox(captionBox_, fields.caption, kLongestCaption);
-    const bool command = FillBox(commandBox_, fields.link, kLongestCommand);
-    ShowTitle(caption && command ? "Menu Edit"
-                                 : "Some of this text is too long to be edited here.");
-    // A hand-edited file may hold other codes than the box has: none is chosen then.
-    SendMessageA(typeBox_, CB_SETCURSEL, static_cast<WPARAM>(fields.type), 0);
-    filling_ = false;
+    {
+        const Mark filling(filling_);
+        const MenuItem& fields = editor_.Fields();
+        ShowCaptionFont();
+        const bool caption = FillBox(captionBox_, fields.caption, kLongestCaption);
+        const bool command = FillBox(commandBox_, fields.link, kLongestCommand);
+        ShowTitle(caption && command ? "Menu Edit"
+                                     : "Some of this text is too long to be edited here.");
+        // A hand-edited file may hold other codes than the box has: none is chosen then.
+        SendMessageA(typeBox_, CB_SETCURSEL, static_cast<WPARAM>(fields.type), 0);
+    }
     ShowUse();
 }
 

@@ -50,6 +50,8 @@ public:
     // Other fields are in use than before; the lines are no longer those of the column.
     std::function<void()> UseChanged;
     std::function<void()> LinesEdited;
+    // Whether entries may be dropped just now: not into a menu that loads, nor below a picker.
+    std::function<bool()> MayEdit;
 
     // The controls, for who finds them by their number.
     enum Control { kItemList = 301, kTypeBox, kCaptionBox, kCommandBox };

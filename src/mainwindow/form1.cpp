@@ -72,6 +72,7 @@ Form1::Form1(MessagePump& pump, std::string programFolder, const Version& versio
     header_.Pic().SetFont(TitleFont());
     panel_.UseChanged = [this] { UpdateButtons(); };
     panel_.LinesEdited = [this] { LinesEdited(); };
+    panel_.MayEdit = [this] { return !busy_ && IsWindowEnabled(Handle()); };
     view_.EntryClick = [this](std::uint32_t entry) { OnEntryClick(entry); };
     pump_.Filter = [this](MSG& message) { return FilterMessage(message); };
 }
@@ -376,9 +377,7 @@ void Form1::TMode(Mode mode)
         panel_.Hide();
         view_.Pane().SC();
     } else if (mode == Mode::edit) {
-        if (left != Mode::edit) {
-            panel_.Editor().Enter();
-        }
+        panel_.Editor().Enter();
         panel_.Show();
         ShowWindow(view_.Handle(), SW_HIDE);
     } else {

@@ -352,8 +352,9 @@ void MenuView::ColumnChanged()
 
 void MenuView::TakeFocus()
 {
-    // A wheel turned over a window in the background must not bring it forward.
-    if (GetActiveWindow() == GetAncestor(Handle(), GA_ROOT)) {
+    // A wheel turned over a window in the background must not bring it forward, and a hidden view,
+    // whose menu loads while the editor is shown, must not take the keys.
+    if (IsWindowVisible(Handle()) && GetActiveWindow() == GetAncestor(Handle(), GA_ROOT)) {
         SetFocus(Handle());
     }
 }

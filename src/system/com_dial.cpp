@@ -26,6 +26,23 @@ std::string CurrentFolder()
     return folder;
 }
 
+// A picker that a double click on a file closes is gone at the second press. The release that
+// follows is for nothing below it, where a button would take it for a click.
+void DropRelease()
+{
+    MSG message = {};
+    const auto drop = [&message] {
+        while (PeekMessageW(&message, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE) != 0) {
+        }
+    };
+    constexpr DWORD kMilliseconds = 20;
+    while (GetAsyncKeyState(VK_LBUTTON) < 0 || GetAsyncKeyState(VK_RBUTTON) < 0) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, kMilliseconds, QS_MOUSE);
+        drop();
+    }
+    drop();
+}
+
 } // namespace
 
 LOGFONTA PickerRecord(const Font& font, int dpi, const CodePage& codePage)
@@ -60,6 +77,7 @@ std::string ComDial::OpenFileDialog(const std::string& title, const std::string&
     record.lpstrTitle = title.c_str();
     record.Flags = OFN_HIDEREADONLY | (mustExist ? OFN_FILEMUSTEXIST : 0u);
     const bool picked = GetOpenFileNameA(&record) != 0;
+    DropRelease();
     lastFolder_ = CurrentFolder();
     RestoreProgramFolder();
     // Of a path that is too long, the buffer holds something else.
@@ -77,7 +95,9 @@ Color ComDial::FontDialog(HDC deviceContext, HWND owner, Font& font, Color color
     choice.lpLogFont = &record;
     choice.Flags = CF_SCREENFONTS | CF_PRINTERFONTS | CF_INITTOLOGFONTSTRUCT | CF_EFFECTS;
     choice.rgbColors = rgb;
-    if (!ChooseFontA(&choice)) {
+    const bool chosen = ChooseFontA(&choice) != 0;
+    DropRelease();
+    if (!chosen) {
         return kCancelled; // the record may have changed all the same, the font has not
     }
     font = FontOf(record, ScreenScale::OfDpi(dpi, dpi));

@@ -118,6 +118,20 @@ TEST_F(Editor, ShowsWhatIsEditedAndComesBackToItsPlace)
     EXPECT_EQ(Saved(Path("Start.nvm")), MenuOf(expected));
 }
 
+TEST_F(Editor, KeepsTheKeyboardWhenTheMenuIsReadAgain)
+{
+    std::vector<std::string> captions(60, "recorder");
+    Program& program = Open(WriteLinks("Start.nvm", captions));
+    PressKey(VK_END); // scrolls, and a new menu scrolls back
+    PressKey('E', {VK_CONTROL});
+    ASSERT_TRUE(WaitForMode(true));
+    PressKey(VK_F5);
+    EXPECT_TRUE(Until([&] { return Selected() == LB_ERR && Count() == 60; }));
+    EXPECT_EQ(program.Focus(), "ListBox");
+    ASSERT_TRUE(ClickButton("Edit")); // nothing is selected: that brings back what was
+    EXPECT_TRUE(Until([&] { return Selected() == 0; }));
+}
+
 TEST_F(Editor, KeysOfTheList)
 {
     const std::string path = WriteLinks("Start.nvm", {"a", "b", "c", "d"});
@@ -251,10 +265,17 @@ TEST_F(Editor, BrowseAndFontPickers)
         SendMessageA(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(chosen.c_str()));
         return TextOf(name) == chosen;
     }));
+    // As a double click does, the pick ends at a press. Its release is not for what lies below.
+    const RECT label = PlaceOf(GetWindow(GetDlgItem(picker, 0x47c), GW_HWNDPREV));
+    PressMouse({label.left + 2, label.top + 2});
     PostMessageA(picker, WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(Until([&] { return !IsWindow(picker); }));
+    MoveMouse(CentreOf(program.Button("Insert New")));
+    ReleaseMouse(CentreOf(program.Button("Insert New")));
     const std::string quoted = '"' + chosen + '"';
     // The caret stood before what was there.
     EXPECT_TRUE(Until([&] { return Command() == quoted + "a.exe"; })) << Command();
+    EXPECT_EQ(Count(), 1);
     PressKey('Z', {VK_CONTROL});
     EXPECT_TRUE(Until([&] { return Command() == "a.exe"; })) << Command();
 

@@ -98,6 +98,7 @@ TEST_F(Panel, DroppedFilesBecomeLinks)
 {
     panel_.UseChanged = [] {};
     panel_.LinesEdited = [] {};
+    panel_.MayEdit = [] { return true; };
     Open({"a", "b"});
     Drop({"C:\\Program Files\\one.exe", "C:\\two.txt"}, InList(0.8));
     const std::vector<std::string> items = {
@@ -118,6 +119,7 @@ TEST_F(Panel, WhatABoxCannotHoldStaysAsItIs)
 {
     panel_.UseChanged = [] {};
     panel_.LinesEdited = [] {};
+    panel_.MayEdit = [] { return true; };
     std::string command(40000, 'c');
     const std::string caption("a\0b", 3);
     Open({caption}, command);
