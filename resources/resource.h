@@ -23,3 +23,17 @@
 #define IDI_SAVE 114
 #define IDI_HELP 116
 #define IDI_FONT 117
+#define IDI_APPLY 118
+#define IDI_CANCEL 119
+
+// The dialogs and their controls.
+#define IDD_SOPEN 200
+#define IDC_OPEN_EXISTING 201
+#define IDC_CREATE_NEW 202
+#define IDC_PATH 203
+#define IDC_BROWSE 204
+
+#define IDD_OPTIONS 210
+// Four option buttons, in the order of the stored values.
+#define IDC_O1 211
+#define IDC_SUPPORT 215

@@ -6,14 +6,41 @@
 namespace nv
 {
 
+namespace
+{
+
+constexpr char kClass[] = "KelButton";
+
+} // namespace
+
 KelButtonWindow::KelButtonWindow(GdiText& text, Pictures& pictures)
     : PaintedWindow(text, pictures), button_(text)
 {
 }
 
+void KelButtonWindow::RegisterWindowClass()
+{
+    RegisterBare(kClass);
+}
+
 bool KelButtonWindow::Create(HWND parent)
 {
-    return Window::Create({"KelButton", WS_CHILD | WS_VISIBLE | WS_TABSTOP}, parent);
+    RegisterWindowClass();
+    const HWND window = CreateWindowExA(0, kClass, "", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0,
+                                        0, parent, nullptr, GetModuleHandleA(nullptr), nullptr);
+    if (window != nullptr) {
+        Attach(window);
+    }
+    return window != nullptr;
+}
+
+void KelButtonWindow::AttachTo(HWND window)
+{
+    Attach(window);
+    RECT client = {};
+    GetClientRect(window, &client);
+    const TwipRect area = ToTwips(client, text_.Scale());
+    button_.Resize({area.width, area.height});
 }
 
 void KelButtonWindow::Refresh()

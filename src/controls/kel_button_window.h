@@ -14,8 +14,12 @@ public:
     // Both must outlive the window.
     KelButtonWindow(GdiText& text, Pictures& pictures);
 
+    // Registers the class "KelButton", which dialog templates name.
+    static void RegisterWindowClass();
     // Creates the button as a tab stop of parent.
     bool Create(HWND parent);
+    // Becomes the button behind a window of that class: its size and font are the window's.
+    void AttachTo(HWND window);
     // What it shows and does; call Refresh after changing how it looks.
     KelButton& Button() { return button_; }
     // Takes over the button's caption, enabled state and look.

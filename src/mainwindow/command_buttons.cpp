@@ -1,6 +1,6 @@
 #include "mainwindow/command_buttons.h"
 
-#include "platform/system_colors.h"
+#include "controls/edge_frame.h"
 #include "win32/screen.h"
 
 namespace nv
@@ -49,16 +49,8 @@ void CommandButtons::SetFacts(const Facts& facts)
 void CommandButtons::PaintFrames(Canvas& canvas) const
 {
     for (const Button& each : buttons_) {
-        PaintFrame(canvas, each.area, text_.Scale());
+        PaintEdgeFrame(canvas, each.area, text_.Scale());
     }
-}
-
-void PaintFrame(Canvas& canvas, const TwipRect& area, const ScreenScale& scale)
-{
-    const Twips x = scale.TwipsX(1);
-    const Twips y = scale.TwipsY(1);
-    canvas.Frame({area.left - x, area.top - y, area.width + 2 * x, area.height + 2 * y},
-                 kButtonShadow, kHighlight3D);
 }
 
 } // namespace nv

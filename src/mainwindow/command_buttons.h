@@ -46,7 +46,4 @@ private:
     std::vector<Button> buttons_;
 };
 
-// Draws a frame on canvas around area, one pixel wide, right at its edge.
-void PaintFrame(Canvas& canvas, const TwipRect& area, const ScreenScale& scale);
-
 } // namespace nv

@@ -74,10 +74,11 @@ bool Available(Command command, const Facts& facts)
     case Command::redo:
         return editing && facts.canRedo;
     case Command::options:
-    case Command::help:
     case Command::openMenu:
     case Command::newMenu:
-        return false; // what they show does not exist yet
+        return !facts.locked;
+    case Command::help:
+        return false; // what it shows does not exist yet
     }
     return false;
 }

@@ -1,4 +1,5 @@
 // What stands in the edit panel, and where.
+#include "controls/edge_frame.h"
 #include "mainwindow/edit_panel.h"
 #include "platform/system_colors.h"
 #include "win32/screen.h"
@@ -143,7 +144,7 @@ void EditPanel::Paint(Canvas& canvas, const TwipRect& clip)
 {
     canvas.Fill(clip, kButtonFace);
     buttons_.PaintFrames(canvas);
-    PaintFrame(canvas, titleArea_, text_.Scale());
+    PaintEdgeFrame(canvas, titleArea_, text_.Scale());
 }
 
 } // namespace nv

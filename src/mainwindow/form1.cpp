@@ -4,6 +4,8 @@
 #include "mainwindow/command_line.h"
 #include "mainwindow/link_click.h"
 #include "resource.h"
+#include "system/options.h"
+#include "system/sopen.h"
 #include "win32/screen.h"
 
 #include <algorithm>
@@ -157,7 +159,7 @@ void Form1::OpenFirstMenu(const std::string& filePart)
     const bool opened = !filePart.empty() && document_.FOpen(StripQuotes(filePart));
     // Who asks for something else while the first menu loads has chosen already.
     if (!opened && document_.CutShort().empty()) {
-        Run(Command::openMenu);
+        WhenFree([this] { ShowOpenMenu(false); }); // in locked mode as well: it has no other way
     }
 }
 
@@ -291,12 +293,29 @@ void Form1::Run(Command command)
             Edit(command);
         }
         break;
-    case Command::options:
-    case Command::help:
     case Command::openMenu:
+        WhenFree([this] { ShowOpenMenu(false); });
+        break;
     case Command::newMenu:
+        WhenFree([this] { ShowOpenMenu(true); });
+        break;
+    case Command::options:
+        WhenLoaded([this] { ShowOptions(); });
+        break;
+    case Command::help:
         break;
     }
+}
+
+void Form1::ShowOpenMenu(bool create)
+{
+    Sopen({text_, pictures_, formFonts_, prompts_}, document_, files_, settings_, comDial_, create)
+        .ShowModal(Handle());
+}
+
+void Form1::ShowOptions()
+{
+    Options({text_, pictures_, formFonts_, prompts_}, settings_, [](HWND) {}).ShowModal(Handle());
 }
 
 void Form1::Back()

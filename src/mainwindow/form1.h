@@ -73,6 +73,9 @@ private:
     void Run(Command command);
     Facts CurrentFacts() const;
     void UpdateButtons();
+    // The dialogs. May re-enter.
+    void ShowOpenMenu(bool create);
+    void ShowOptions();
     void Back();
     void Revert();
     void Normal();

@@ -9,11 +9,13 @@
 namespace nv
 {
 
-// Message boxes that carry the program's title, owned by its main window.
+// Message boxes that carry the program's title, owned by one of its windows.
 class MessageBoxes final : public Prompts
 {
 public:
     void SetTitle(std::string title) { title_ = std::move(title); }
+    // The window that the boxes stand over, and which they disable meanwhile; null: none.
+    HWND Owner() const { return owner_; }
     void SetOwner(HWND owner) { owner_ = owner; }
     Answer Ask(const std::string& text, PromptIcon icon, PromptButtons buttons) override;
 

@@ -25,7 +25,7 @@ public:
 private:
     void DrawOwn(HDC dc, POINT at, std::int32_t number, bool disabled);
 
-    static constexpr std::size_t kOwnPictures = 17;
+    static constexpr std::size_t kOwnPictures = 19;
 
     ScreenScale scale_;
     std::array<IconHandle, kOwnPictures + 1> own_; // by number, from 1

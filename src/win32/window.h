@@ -32,6 +32,12 @@ protected:
     // platform refuses.
     bool Create(const Style& style, HWND parent, const char* text = "");
 
+    // Registers a class whose windows do nothing until Attach gives them an object, so that dialog
+    // templates may name it.
+    static void RegisterBare(const char* className);
+    // Becomes the object behind a window that the platform made of such a class.
+    void Attach(HWND window);
+
     // Routes a message to the method for it; nothing: the platform's own handling follows. May
     // re-enter, and may end the window.
     virtual std::optional<LRESULT> Route(UINT message, WPARAM wParam, LPARAM lParam) = 0;
