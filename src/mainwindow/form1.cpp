@@ -4,6 +4,7 @@
 #include "mainwindow/command_line.h"
 #include "mainwindow/link_click.h"
 #include "resource.h"
+#include "system/assoc.h"
 #include "system/options.h"
 #include "system/sopen.h"
 #include "win32/screen.h"
@@ -99,6 +100,8 @@ bool Form1::StartUp(std::string_view arguments, int showCommand)
     const std::string defaultHome = DefaultHome(files_, programFolder_);
     const std::string home = SettingText(settings_.GetKeyValue("Settings", "Home", ""));
     document_.SetHome(home.empty() ? defaultHome : home);
+    // Ignored: the program is as useful to who opens its menus from within.
+    static_cast<void>(RegisterMenuFileType(programFolder_));
     CommandLine commandLine = ParseCommandLine(arguments);
     locked_ = commandLine.locked;
     UpdateButtons();

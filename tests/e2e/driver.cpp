@@ -130,10 +130,6 @@ bool Until(const std::function<bool()>& condition, DWORD within)
 
 Program::Program(const std::string& command, WORD show)
 {
-    job_ = CreateJobObjectA(nullptr, nullptr);
-    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
-    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-    SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof limits);
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
@@ -143,8 +139,29 @@ Program::Program(const std::string& command, WORD show)
                         nullptr, &startup, &process_)) {
         throw std::runtime_error("cannot start " + command);
     }
-    AssignProcessToJobObject(job_, process_.hProcess);
+    TakeIntoJob();
     ResumeThread(process_.hThread);
+}
+
+Program::Program()
+{
+    HWND window = nullptr;
+    Until([&] { return (window = FindWindowA(kMainClass, nullptr)) != nullptr; });
+    GetWindowThreadProcessId(window, &process_.dwProcessId);
+    process_.hProcess = OpenProcess(PROCESS_ALL_ACCESS, FALSE, process_.dwProcessId);
+    if (process_.hProcess == nullptr) {
+        throw std::runtime_error("no program has started");
+    }
+    TakeIntoJob();
+}
+
+void Program::TakeIntoJob()
+{
+    job_ = CreateJobObjectA(nullptr, nullptr);
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    AssignProcessToJobObject(job_, process_.hProcess);
 }
 
 Program::~Program()

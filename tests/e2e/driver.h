@@ -35,6 +35,8 @@ class Program
 public:
     // command: the whole command line. show: as in STARTUPINFO. Throws when it does not start.
     explicit Program(const std::string& command, WORD show = SW_SHOWNORMAL);
+    // Takes over the program whose main window comes up, whoever started it. Throws when none does.
+    Program();
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
@@ -71,6 +73,7 @@ public:
     std::string OnScreen() const;
 
 private:
+    void TakeIntoJob();
     std::vector<HWND> TopWindows() const;
 
     PROCESS_INFORMATION process_ = {};

@@ -24,6 +24,14 @@ void CopyTo(const std::string& folder, const std::string& fromTests, const std::
     ASSERT_TRUE(CopyFileA(source.c_str(), (folder + "\\" + name).c_str(), TRUE)) << source;
 }
 
+// What the program keeps in the registry.
+void ForgetRegistry()
+{
+    RegDeleteTreeA(HKEY_CURRENT_USER, kSettingsKey);
+    RegDeleteTreeA(HKEY_CLASSES_ROOT, ".NVM");
+    RegDeleteTreeA(HKEY_CLASSES_ROOT, "Navrix Menu");
+}
+
 } // namespace
 
 std::string LineOf(const Entry& entry)
@@ -53,7 +61,7 @@ void Stage::SetUp()
     CopyTo(folder_, MENU_FROM_TESTS, "NVMenu.exe");
     CopyTo(folder_, COMPANION_FROM_TESTS, "NVSub.exe");
     CopyTo(folder_, "recorder.exe", "recorder.exe");
-    RegDeleteTreeA(HKEY_CURRENT_USER, kSettingsKey);
+    ForgetRegistry();
     SetEnvironmentVariableA("NAVRIX_RECORD", Path("record").c_str());
     MoveMouse({0, 0}); // where it points to nothing
 }
@@ -67,7 +75,7 @@ void Stage::TearDown()
         EXPECT_EQ(program_->Close(), 0u) << program_->OnScreen();
     }
     program_.reset();
-    RegDeleteTreeA(HKEY_CURRENT_USER, kSettingsKey);
+    ForgetRegistry();
 }
 
 std::string Stage::Write(const std::string& name, const std::string& content) const
@@ -157,6 +165,13 @@ Program& Stage::Open(const std::string& path)
 {
     Start('"' + path + '"');
     EXPECT_TRUE(WaitUntilLoaded(path)) << path;
+    return *program_;
+}
+
+Program& Stage::TakeOver()
+{
+    program_.reset();
+    program_ = std::make_unique<Program>();
     return *program_;
 }
 

@@ -68,6 +68,8 @@ protected:
     Program& Start(const std::string& arguments = "", WORD show = SW_SHOWNORMAL);
     // Starts the program with a menu, and waits until it is open.
     Program& Open(const std::string& path);
+    // Takes over the program that somebody else has just started.
+    Program& TakeOver();
     Program& Running() { return *program_; }
     // Ends the running program as the user does; its exit code.
     std::optional<DWORD> Close();
