@@ -329,8 +329,28 @@ bool Program::Answer(const Box& box, const std::string& button) const
     return false;
 }
 
+HWND Program::WaitForDialog(const std::string& title) const
+{
+    HWND found = nullptr;
+    Until([&] {
+        for (const HWND window : TopWindows()) {
+            if (ClassOf(window) == kBoxClass && TextOf(window) == title) {
+                found = window;
+            }
+        }
+        return found != nullptr || !Running();
+    });
+    return found;
+}
+
 std::optional<DWORD> Program::Close(DWORD within)
 {
+    for (const HWND window : TopWindows()) {
+        if (ClassOf(window) == kBoxClass) {
+            PostMessageA(window, WM_CLOSE, 0, 0);
+            Until([&] { return !IsWindow(window); });
+        }
+    }
     PostMessageA(WindowNow(), WM_SYSCOMMAND, SC_CLOSE, 0);
     return ExitCode(within);
 }

@@ -67,7 +67,11 @@ public:
     // Presses the button of that name in the box and waits until the box is gone.
     bool Answer(const Box& box, const std::string& button) const;
 
-    // Closes the main window as its close button does, and waits for the end.
+    // The dialog of that title when it is shown; waits for it. Null: it did not come.
+    HWND WaitForDialog(const std::string& title) const;
+
+    // Closes the main window as its close button does, and waits for the end. A dialog that is
+    // shown is closed before.
     std::optional<DWORD> Close(DWORD within = kDeadline);
     // What the program shows, for the report of a failed test.
     std::string OnScreen() const;

@@ -62,7 +62,7 @@ TEST_F(StartUp, ChoosesTheMenuFromTheSettings)
         Program& program = Start();
         ASSERT_NE(program.Window(), nullptr);
         if (each.opened.empty()) {
-            EXPECT_TRUE(program.Answers());
+            EXPECT_NE(program.WaitForDialog("Open Navrix Menu"), nullptr) << program.OnScreen();
             EXPECT_EQ(program.Title(), kPlainTitle);
             EXPECT_EQ(Setting("Settings", "Last"), last);
         } else {
@@ -74,8 +74,7 @@ TEST_F(StartUp, ChoosesTheMenuFromTheSettings)
 TEST_F(StartUp, WithoutAnyMenuHomeIsNotToBeHad)
 {
     Program& program = Start();
-    ASSERT_NE(program.Window(), nullptr);
-    EXPECT_TRUE(program.Answers());
+    EXPECT_NE(program.WaitForDialog("Open Navrix Menu"), nullptr) << program.OnScreen();
     EXPECT_EQ(program.Title(), kPlainTitle);
     EXPECT_FALSE(IsWindowEnabled(program.Button("Home")));
     EXPECT_FALSE(IsWindowEnabled(program.Button("Revert")));
@@ -127,7 +126,7 @@ TEST_F(StartUp, TellsAboutAnExtensionThatIsNoMenu)
         ExpectBox(box, "Cannot open: \"" + each.named + "\"\n\nInvalid file extension!",
                   BoxIcon::exclamation, {"OK"});
         ASSERT_TRUE(program.Answer(*box, "OK"));
-        EXPECT_TRUE(program.Answers());
+        EXPECT_NE(program.WaitForDialog("Open Navrix Menu"), nullptr); // in locked mode, too
         EXPECT_EQ(program.Title(), kPlainTitle);
         EXPECT_FALSE(Setting("Settings", "Last"));
     }
@@ -143,7 +142,7 @@ TEST_F(StartUp, AsksBeforeItCreatesAMenu)
         const auto box = program.WaitForBox();
         ExpectBox(box, question, BoxIcon::exclamation, {"Yes", "No"});
         ASSERT_TRUE(program.Answer(*box, "No"));
-        EXPECT_TRUE(program.Answers());
+        EXPECT_NE(program.WaitForDialog("Open Navrix Menu"), nullptr);
         EXPECT_EQ(program.Title(), kPlainTitle);
         EXPECT_FALSE(IsWindowEnabled(program.Button("Revert")));
         EXPECT_EQ(GetFileAttributesA(Path("new").c_str()), INVALID_FILE_ATTRIBUTES);
@@ -167,7 +166,7 @@ TEST_F(StartUp, TheLastMenuIsGone)
     ExpectBox(box, "File C:\\Start.nvm does not exist.\n\nWould you like to create a new menu?",
               BoxIcon::exclamation, {"Yes", "No"});
     ASSERT_TRUE(program.Answer(*box, "No"));
-    EXPECT_TRUE(program.Answers());
+    EXPECT_NE(program.WaitForDialog("Open Navrix Menu"), nullptr);
     EXPECT_EQ(program.Title(), kPlainTitle);
 }
 

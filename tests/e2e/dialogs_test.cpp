@@ -1,0 +1,251 @@
+// The dialogs of the main window, worked by the keyboard as a user does.
+#include "e2e/stage.h"
+
+namespace nv::e2e
+{
+
+namespace
+{
+
+constexpr char kOpenTitle[] = "Open Navrix Menu";
+enum Control { kOpenExisting = 201, kCreateNew, kPath, kBrowse, kFirstChoice = 211 };
+
+bool IsChecked(HWND dialog, int id)
+{
+    return SendDlgItemMessageA(dialog, id, BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+} // namespace
+
+class Dialogs : public Stage
+{
+protected:
+    // Opens the dialog of a toolbar button.
+    HWND OpenDialog(const char* button, const char* title)
+    {
+        EXPECT_TRUE(ClickButton(button));
+        const HWND dialog = Running().WaitForDialog(title);
+        EXPECT_NE(dialog, nullptr) << Running().OnScreen();
+        return dialog;
+    }
+    bool WaitForFocus(const std::string& focus)
+    {
+        return Until([&] { return Running().Focus() == focus; });
+    }
+    static bool Gone(HWND dialog)
+    {
+        return Until([&] { return !IsWindow(dialog); });
+    }
+};
+
+TEST_F(Dialogs, OpenAndCreateMenus)
+{
+    const std::string folder = Path("my menus.d");
+    const std::string start = WriteMenu("Start.nvm", {});
+    const std::string existing = folder + "\\a b.NVM";
+    const std::string plain = folder + "\\plain";
+    const std::string deep = folder + "\\x\\y z\\new.nvm";
+    const std::string missing = folder + "\\missing.nvm";
+    const std::string refused = folder + "\\a|b.nvm";
+    std::string tooLong = folder + "\\";
+    while (tooLong.size() < 300) {
+        tooLong += "long name "; // with blanks, so that a box can break it into lines
+    }
+    tooLong += ".nvm";
+    const std::string text = folder + "\\notes.txt";
+    CreateDirectoryA(folder.c_str(), nullptr);
+    WriteMenu("my menus.d\\a b.NVM", {{kLink, "kept", "kept"}});
+    Write("my menus.d\\notes.txt", "notes");
+
+    const auto missingQuestion = [](const std::string& path) {
+        return "File " + path + " does not exist.\n\nWould you like to create a new menu?";
+    };
+    const std::string overwrite =
+        "File: " + existing + " already exists.\n\nDo you want overwrite this file?";
+    const std::string selectMenu = "Please select a \"NVM\" file.";
+    const std::string notCreated = "New Menu Could Not Be Created!";
+    const std::string badExtension =
+        "This is not a valid file extension.\n\nPlease enter a \"NVM\" extension.";
+    struct Shown {
+        std::string text;
+        BoxIcon icon;
+        const char* answer;
+    };
+    constexpr BoxIcon kNone = BoxIcon::none;
+    constexpr BoxIcon kWarning = BoxIcon::exclamation;
+    const struct {
+        bool create;
+        std::string typed;
+        std::vector<Shown> boxes;
+        std::string opened;    // empty: the dialog stays
+        std::string kept = ""; // what the path then is, where it is not what was typed
+    } cases[] = {
+        {false, "", {{"Please enter as file path.", kNone, "OK"}}, ""},
+        {true, "", {{"Please enter as file path.", kNone, "OK"}}, ""},
+        {false, text, {{selectMenu, kWarning, "OK"}}, ""},
+        {false, plain, {{selectMenu, kWarning, "OK"}}, ""},
+        {false, '"' + existing + '"', {{selectMenu, kWarning, "OK"}}, ""},
+        {false, existing, {}, existing},
+        {false, missing, {{missingQuestion(missing), kWarning, "No"}}, ""},
+        {false,
+         refused,
+         {{missingQuestion(refused), kWarning, "Yes"}, {notCreated, kWarning, "OK"}},
+         ""},
+        {false,
+         tooLong,
+         {{missingQuestion(tooLong), kWarning, "Yes"}, {notCreated, kWarning, "OK"}},
+         ""},
+        {false, missing, {{missingQuestion(missing), kWarning, "Yes"}}, missing},
+        {true, "plain", {{"This is not a valid path.", kNone, "OK"}}, ""},
+        {true, folder + "\\", {{"This is not a valid path.", kNone, "OK"}}, ""},
+        {true, text, {{badExtension, kNone, "OK"}}, ""},
+        {true, '"' + existing + '"', {{badExtension, kNone, "OK"}}, ""},
+        {true, existing, {{overwrite, kWarning, "No"}}, ""},
+        {true, plain + "|", {{notCreated, kWarning, "OK"}}, "", plain + "|.nvm"},
+        {true, plain, {}, plain + ".nvm"},
+        {true, deep, {}, deep},
+        {true, existing, {{overwrite, kWarning, "Yes"}}, existing},
+    };
+    Program& program = Open(start);
+    for (const auto& each : cases) {
+        SCOPED_TRACE((each.create ? "create " : "open ") + each.typed);
+        const HWND dialog = OpenDialog(each.create ? "New Menu" : "Open Menu", kOpenTitle);
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_TRUE(WaitForFocus("Edit"));
+        EXPECT_TRUE(IsChecked(dialog, each.create ? kCreateNew : kOpenExisting));
+        const HWND box = GetDlgItem(dialog, kPath);
+        EXPECT_EQ(TextOf(box), Setting("Settings", "Last"));
+        SetDlgItemTextA(dialog, kPath, each.typed.c_str());
+        PressKey(VK_RETURN);
+        for (const Shown& shown : each.boxes) {
+            const auto message = program.WaitForBox();
+            ASSERT_TRUE(message) << program.OnScreen();
+            EXPECT_EQ(message->text, shown.text);
+            EXPECT_EQ(message->icon, shown.icon);
+            EXPECT_EQ(message->title, kPlainTitle);
+            EXPECT_EQ(message->buttons.size(), shown.answer == std::string("OK") ? 1u : 2u);
+            ASSERT_TRUE(program.Answer(*message, shown.answer));
+        }
+        if (!each.opened.empty()) {
+            EXPECT_TRUE(WaitUntilLoaded(each.opened)) << program.OnScreen();
+            EXPECT_TRUE(Gone(dialog)) << program.OnScreen();
+            continue;
+        }
+        EXPECT_TRUE(WaitForFocus("Edit")) << program.OnScreen();
+        EXPECT_EQ(TextOf(box), each.kept.empty() ? each.typed : each.kept);
+        const bool creates = each.create || each.boxes.size() > 1; // Yes goes on to create
+        EXPECT_EQ(IsChecked(dialog, kCreateNew), creates);
+        EXPECT_EQ(TextOf(GetDlgItem(dialog, IDOK)), creates ? "Create Menu" : "Open Menu");
+        PressKey(VK_ESCAPE);
+        ASSERT_TRUE(Gone(dialog)) << program.OnScreen();
+    }
+    // The last one was made empty, on purpose.
+    WIN32_FILE_ATTRIBUTE_DATA file = {};
+    ASSERT_TRUE(GetFileAttributesExA(existing.c_str(), GetFileExInfoStandard, &file));
+    EXPECT_EQ(file.nFileSizeLow, 0u);
+}
+
+TEST_F(Dialogs, OpenMenuByKeyboardAndPicker)
+{
+    Program& program = Open(WriteMenu("Start.nvm", {}));
+    const std::string other = WriteMenu("Other.nvm", {});
+    HWND dialog = OpenDialog("Open Menu", kOpenTitle);
+    const RECT own = PlaceOf(dialog);
+    const RECT main = PlaceOf(program.Window());
+    EXPECT_NEAR(own.left + own.right, main.left + main.right, 2);
+    EXPECT_NEAR(own.top + own.bottom, main.top + main.bottom, 2);
+    // The path is selected whole: what is typed takes its place.
+    EXPECT_TRUE(WaitForFocus("Edit"));
+    Type("x");
+    EXPECT_TRUE(Until([&] { return TextOf(GetDlgItem(dialog, kPath)) == "x"; }));
+    for (const char* next : {"Browse", "Open Menu", "Cancel", "Button"}) {
+        PressKey(VK_TAB);
+        EXPECT_TRUE(WaitForFocus(next)) << next << " is not it, but " << program.Focus();
+    }
+    PressKey(VK_DOWN); // from one option to the other
+    EXPECT_TRUE(Until([&] { return IsChecked(dialog, kCreateNew); }));
+    EXPECT_TRUE(Until([&] { return TextOf(GetDlgItem(dialog, IDOK)) == "Create Menu"; }));
+    Click(CentreOf(GetDlgItem(dialog, IDCANCEL)));
+    ASSERT_TRUE(Gone(dialog));
+    EXPECT_EQ(program.Title(), TitleOf(Path("Start.nvm")));
+
+    dialog = OpenDialog("Open Menu", kOpenTitle);
+    Click(CentreOf(GetDlgItem(dialog, kBrowse)));
+    const HWND picker = program.WaitForDialog("Browse");
+    ASSERT_NE(picker, nullptr) << program.OnScreen();
+    EXPECT_TRUE(Until([&] {
+        const HWND name = GetDlgItem(picker, 0x47c);
+        SendMessageA(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(other.c_str()));
+        return TextOf(name) == other;
+    }));
+    PostMessageA(picker, WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(Until([&] { return TextOf(GetDlgItem(dialog, kPath)) == other; }));
+    Click(CentreOf(GetDlgItem(dialog, IDOK)));
+    EXPECT_TRUE(WaitUntilLoaded(other)) << program.OnScreen();
+    EXPECT_TRUE(Gone(dialog));
+}
+
+TEST_F(Dialogs, OpenMenuAsksAboutChanges)
+{
+    const std::string start = WriteMenu("Start.nvm", {{}, {}});
+    const std::string other = WriteMenu("Other.nvm", {});
+    Program& program = Open(start);
+    PressKey('E', {VK_CONTROL});
+    EXPECT_TRUE(WaitForFocus("ListBox"));
+    PressKey(VK_DELETE);
+    for (const char* answer : {"Cancel", "No"}) {
+        const HWND dialog = OpenDialog("Open Menu", kOpenTitle);
+        SetDlgItemTextA(dialog, kPath, other.c_str());
+        PressKey(VK_RETURN);
+        const auto box = program.WaitForBox();
+        ASSERT_TRUE(box) << program.OnScreen();
+        EXPECT_EQ(box->text, "Do you want to save the changes you made to \n\n" + start + "?");
+        ASSERT_TRUE(program.Answer(*box, answer));
+        EXPECT_TRUE(Gone(dialog)); // whatever came of it
+        EXPECT_TRUE(WaitForMenu(answer == std::string("No") ? other : start));
+    }
+}
+
+TEST_F(Dialogs, OptionsKeepWhatAStartOpens)
+{
+    const struct {
+        const char* stored; // null: nothing
+        int shown;          // -1: none
+        int chosen;         // -1: left alone
+        bool apply;
+        std::optional<std::string> then;
+    } cases[] = {
+        {nullptr, 0, -1, false, std::nullopt},
+        {nullptr, 0, -1, true, "0"},
+        {"0", 0, 3, false, "0"},
+        {"0", 0, 3, true, "3"},
+        {"3", 3, 1, true, "1"},
+        {"1", 1, 2, true, "2"},
+        {"2", 2, -1, true, "2"},
+        {"7", -1, -1, true, "7"},
+        {"-1", -1, 0, true, "0"},
+    };
+    const std::string start = WriteMenu("Start.nvm", {});
+    Program& program = Open(start);
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.stored ? each.stored : "nothing");
+        if (each.stored != nullptr) {
+            SetSetting("Settings", "StartOpen", each.stored);
+        }
+        const HWND dialog = OpenDialog("Options", "Options");
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_TRUE(WaitForFocus(each.shown < 0 ? "Apply" : "Button")) << program.Focus();
+        for (int choice = 0; choice < 4; ++choice) {
+            EXPECT_EQ(IsChecked(dialog, kFirstChoice + choice), choice == each.shown);
+        }
+        if (each.chosen >= 0) {
+            Click(CentreOf(GetDlgItem(dialog, kFirstChoice + each.chosen)));
+            EXPECT_TRUE(Until([&] { return IsChecked(dialog, kFirstChoice + each.chosen); }));
+        }
+        PressKey(each.apply ? VK_RETURN : VK_ESCAPE);
+        EXPECT_TRUE(Gone(dialog)) << program.OnScreen();
+        EXPECT_EQ(Setting("Settings", "StartOpen"), each.then);
+    }
+}
+
+} // namespace nv::e2e
