@@ -3,6 +3,10 @@
 #include "platform/system_colors.h"
 #include "win32/screen.h"
 
+#include <windows.h>
+
+#include <oleacc.h>
+
 namespace nv
 {
 
@@ -10,6 +14,7 @@ namespace
 {
 
 constexpr char kClass[] = "KelButton";
+constexpr UINT kPress = WM_APP + 1;
 
 } // namespace
 
@@ -47,7 +52,10 @@ void KelButtonWindow::Refresh()
 {
     SetWindowTextA(Handle(), button_.Caption().c_str());
     const bool hadFocus = GetFocus() == Handle();
-    EnableWindow(Handle(), button_.EnabledM());
+    const bool wasEnabled = EnableWindow(Handle(), button_.EnabledM()) == FALSE;
+    if (wasEnabled != button_.EnabledM()) {
+        TellChange(EVENT_OBJECT_STATECHANGE, Handle(), CHILDID_SELF);
+    }
     if (hadFocus && !button_.EnabledM()) {
         // A disabled window that keeps the focus leaves the keyboard dead.
         const HWND top = GetAncestor(Handle(), GA_ROOT);
@@ -104,6 +112,11 @@ std::optional<LRESULT> KelButtonWindow::RouteInput(UINT message, WPARAM wParam, 
     case WM_SETCURSOR:
         SetCursor(LoadCursorA(nullptr, button_.HandPointer() ? IDC_HAND : IDC_ARROW));
         return 1;
+    case kPress:
+        if (TakesInput(Handle())) {
+            button_.Release();
+        }
+        return 0;
     default:
         return std::nullopt;
     }
@@ -153,6 +166,21 @@ void KelButtonWindow::SetLook(const ButtonLook& look)
 {
     look_ = look;
     InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+LONG KelButtonWindow::Role(LONG) const
+{
+    return ROLE_SYSTEM_PUSHBUTTON;
+}
+
+LONG KelButtonWindow::State(LONG) const
+{
+    return STATE_SYSTEM_FOCUSABLE | (look_.pressed ? STATE_SYSTEM_PRESSED : 0);
+}
+
+void KelButtonWindow::DoDefaultAction(LONG)
+{
+    PostMessageA(Handle(), kPress, 0, 0);
 }
 
 } // namespace nv

@@ -8,7 +8,7 @@ namespace nv
 
 // A KelButton as a child window: paints it, gives it the mouse, the keyboard (Space and Enter) and
 // a visible focus.
-class KelButtonWindow final : public PaintedWindow
+class KelButtonWindow final : public PaintedWindow, private AccessibleSource
 {
 public:
     // Both must outlive the window.
@@ -32,11 +32,19 @@ protected:
     void Paint(Canvas& canvas, const TwipRect& clip) override;
     const Font* ShownFont() const override { return &button_.Font(); }
     void SetShownFont(const Font& font) override;
+    AccessibleSource* Accessibility() override { return this; }
 
 private:
     void OnMouseMove();
     void OnKey(WPARAM key, bool down);
     void SetLook(const ButtonLook& look);
+
+    LONG Role(LONG part) const override;
+    LONG State(LONG part) const override;
+    std::string Name(LONG) const override { return button_.Caption(); }
+    std::string Description(LONG) const override { return button_.ToolT(); }
+    std::string DefaultAction(LONG) const override { return "Press"; }
+    void DoDefaultAction(LONG part) override;
 
     KelButton button_;
     ButtonLook look_;

@@ -2,6 +2,10 @@
 
 #include "platform/system_colors.h"
 
+#include <windows.h>
+
+#include <oleacc.h>
+
 namespace nv
 {
 
@@ -25,8 +29,12 @@ bool KelPicWindow::Create(HWND parent)
 void KelPicWindow::SetCaption(const std::string& caption)
 {
     SetWindowTextA(Handle(), caption.c_str());
+    const bool renamed = caption != pic_.Caption();
     pic_.SetCaption(caption);
     RunTimer();
+    if (renamed) {
+        TellChange(EVENT_OBJECT_NAMECHANGE, Handle(), CHILDID_SELF);
+    }
 }
 
 std::optional<LRESULT> KelPicWindow::RouteInput(UINT message, WPARAM, LPARAM)
@@ -61,6 +69,16 @@ void KelPicWindow::Paint(Canvas& canvas, const TwipRect& clip)
 {
     canvas.Fill(clip, kButtonFace);
     canvas.Text({0, 0}, pic_.Font(), pic_.FontColor(), pic_.Shown());
+}
+
+LONG KelPicWindow::Role(LONG) const
+{
+    return ROLE_SYSTEM_STATICTEXT;
+}
+
+LONG KelPicWindow::State(LONG) const
+{
+    return STATE_SYSTEM_READONLY;
 }
 
 } // namespace nv

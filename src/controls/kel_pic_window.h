@@ -7,7 +7,7 @@ namespace nv
 {
 
 // A KelPic as a child window with a timer of its own: the open menu's title.
-class KelPicWindow final : public PaintedWindow
+class KelPicWindow final : public PaintedWindow, private AccessibleSource
 {
 public:
     // Both must outlive the window.
@@ -23,10 +23,16 @@ protected:
     void Paint(Canvas& canvas, const TwipRect& clip) override;
     const Font* ShownFont() const override { return &pic_.Font(); }
     void SetShownFont(const Font& font) override { pic_.SetFont(font); }
+    AccessibleSource* Accessibility() override { return this; }
 
 private:
     void OnTimer();
     void RunTimer();
+
+    LONG Role(LONG part) const override;
+    LONG State(LONG part) const override;
+    // All of it, also while it is being typed out.
+    std::string Name(LONG) const override { return OneLine(pic_.Caption()); }
 
     KelPic pic_;
     std::int16_t runningInterval_ = 0; // milliseconds of the timer as it was last set

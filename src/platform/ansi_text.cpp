@@ -101,6 +101,19 @@ std::string_view Trim(std::string_view text)
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string OneLine(std::string_view text)
+{
+    std::string line;
+    line.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool lineBreak = text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n';
+        at += lineBreak ? 1 : 0;
+        // No trail byte of a two-byte character is that low.
+        line += static_cast<unsigned char>(text[at]) < 32 ? ' ' : text[at];
+    }
+    return line;
+}
+
 std::optional<std::int32_t> ParseInteger(std::string_view text)
 {
     text = Trim(text);

@@ -44,6 +44,8 @@ std::string UpperCase(std::string_view text);
 bool EqualIgnoringCase(std::string_view left, std::string_view right);
 // Without the blanks (code 32) at both ends.
 std::string_view Trim(std::string_view text);
+// Text as it shows on one line: each line break and each other control character is a blank.
+std::string OneLine(std::string_view text);
 // A whole number as people and programs write it: blanks around, a sign, digits, perhaps a fraction
 // after "." or "," (rounded half to even). Nothing when it is no number or beyond 32 bits.
 std::optional<std::int32_t> ParseInteger(std::string_view text);

@@ -70,9 +70,21 @@ std::optional<LRESULT> PaintedWindow::Route(UINT message, WPARAM wParam, LPARAM 
     case WM_SETFONT:
         OnSetFont(reinterpret_cast<HFONT>(wParam), LOWORD(lParam) != 0);
         return 0;
+    case WM_GETOBJECT:
+        return OnGetObject(wParam, lParam);
+    case WM_DESTROY:
+        accessible_.Disconnect();
+        return RouteInput(message, wParam, lParam);
     default:
         return RouteInput(message, wParam, lParam);
     }
+}
+
+std::optional<LRESULT> PaintedWindow::OnGetObject(WPARAM wParam, LPARAM lParam)
+{
+    AccessibleSource* source = Accessibility();
+    return source != nullptr ? accessible_.OnGetObject(Handle(), *source, wParam, lParam)
+                             : std::nullopt;
 }
 
 LRESULT PaintedWindow::OnGetFont()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "win32/accessible.h"
 #include "win32/gdi_text.h"
 #include "win32/pictures.h"
 #include "win32/window.h"
@@ -22,6 +23,8 @@ protected:
     virtual const Font* ShownFont() const { return nullptr; }
     // Takes over a font that WM_SETFONT brought. The platform's font stays the sender's.
     virtual void SetShownFont(const Font&) {}
+    // What the window tells screen readers; null: the platform tells what it sees.
+    virtual AccessibleSource* Accessibility() { return nullptr; }
     // Draws the part clip (twips) of the window, every point of it.
     virtual void Paint(Canvas& canvas, const TwipRect& clip) = 0;
 
@@ -31,6 +34,9 @@ protected:
 private:
     LRESULT OnGetFont();
     void OnSetFont(HFONT font, bool redraw);
+    std::optional<LRESULT> OnGetObject(WPARAM wParam, LPARAM lParam);
+
+    AccessibleHost accessible_;
 };
 
 } // namespace nv
