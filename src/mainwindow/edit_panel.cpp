@@ -51,7 +51,7 @@ EditPanel::EditPanel(GdiText& text, Pictures& pictures, MenuDocument& document, 
 bool EditPanel::Create(HWND parent)
 {
     if (!Window::Create({"NavrixEditPanel", WS_CHILD | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT},
-                        parent) ||
+                        parent, "Menu Edit") ||
         !CreateControls()) {
         return false;
     }

@@ -226,8 +226,8 @@ void Form1::WhenFree(Job job)
     if (document_.FFile().empty() && mode_ == Mode::edit) {
         TMode(Mode::run); // there is nothing to edit that could be saved
     }
-    view_.Pane().SetEmptyText(document_.FFile().empty() ? "No menu is open."
-                                                        : "This menu has no entries to show.");
+    view_.SetEmptyText(document_.FFile().empty() ? "No menu is open."
+                                                 : "This menu has no entries to show.");
 }
 
 void Form1::WhenLoaded(Job job)
@@ -465,7 +465,7 @@ void Form1::Leaving(const std::string& path)
 void Form1::Cleared()
 {
     rebuildCutShort_ = false;
-    view_.Pane().SetEmptyText("");
+    view_.SetEmptyText("");
     view_.Pane().FClear();
     panel_.Editor().Cleared();
 }
@@ -473,6 +473,7 @@ void Form1::Cleared()
 void Form1::TitleChanged(const std::string& fileName)
 {
     header_.SetCaption(fileName);
+    view_.SetMenuName(fileName);
 }
 
 void Form1::Opened(const std::string& path)
@@ -496,7 +497,7 @@ void Form1::FileChanged(const std::string& path)
     UpdateButtons();
     if (path.empty()) {
         SetWindowTextA(Handle(), title_.c_str());
-        header_.SetCaption("");
+        TitleChanged("");
     }
 }
 

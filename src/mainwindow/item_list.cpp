@@ -1,5 +1,7 @@
 #include "mainwindow/item_list.h"
 
+#include "platform/ansi_text.h"
+
 #include <algorithm>
 
 namespace nv
@@ -12,18 +14,6 @@ namespace
 constexpr std::size_t kLongestText = 1000;
 constexpr int kPadding = 2; // pixels beside and between the texts
 
-// Of one line: every control character in it, line breaks too, is a blank.
-std::string OneLine(std::string text)
-{
-    text.resize(std::min(text.size(), kLongestText));
-    for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at)) {
-        text.replace(at, 2, " ");
-    }
-    std::replace_if(
-        text.begin(), text.end(), [](char ch) { return static_cast<unsigned char>(ch) < 32; }, ' ');
-    return text;
-}
-
 } // namespace
 
 bool ItemList::Create(HWND panel, int id)
@@ -33,7 +23,8 @@ bool ItemList::Create(HWND panel, int id)
     list_ = CreateWindowExA(WS_EX_CLIENTEDGE, "LISTBOX", "", style, 0, 0, 0, 0, panel,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                             GetModuleHandleA(nullptr), nullptr);
-    return list_ != nullptr && MakeDragList(list_);
+    return list_ != nullptr && MakeDragList(list_) &&
+           SetWindowSubclass(list_, Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
 }
 
 void ItemList::SetCount(std::size_t count)
@@ -98,6 +89,12 @@ std::optional<std::size_t> ItemList::GapAt(POINT screen) const
     return std::min(top + rows, Count());
 }
 
+std::string ItemList::ShownText(std::size_t index) const
+{
+    const std::string whole = Text(index);
+    return OneLine(std::string_view(whole).substr(0, kLongestText));
+}
+
 void ItemList::Draw(const DRAWITEMSTRUCT& item) const
 {
     if (static_cast<std::size_t>(item.itemID) >= Count()) {
@@ -107,7 +104,7 @@ void ItemList::Draw(const DRAWITEMSTRUCT& item) const
     FillRect(item.hDC, &item.rcItem, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
     SetTextColor(item.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     SetBkMode(item.hDC, TRANSPARENT);
-    const std::string text = OneLine(Text(item.itemID));
+    const std::string text = ShownText(item.itemID);
     RECT area = item.rcItem;
     area.left += 2 * kPadding;
     DrawTextA(item.hDC, text.data(), static_cast<int>(text.size()), &area,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "win32/accessible.h"
+
 #include <windows.h>
 
 #include <commctrl.h>
@@ -13,10 +15,16 @@ namespace nv
 {
 
 // The editor's item list List3 as a list box of the platform that holds no texts: it asks for those
-// that it shows. Entries can be dragged within it.
-class ItemList
+// that it shows. Entries can be dragged within it. The list tells screen readers itself what it
+// shows: the platform has no texts to tell.
+class ItemList final : private AccessibleSource
 {
 public:
+    ItemList() = default;
+    ItemList(const ItemList&) = delete;
+    ItemList& operator=(const ItemList&) = delete;
+    ~ItemList();
+
     // Creates the list in panel, which hands on what it is told by Notify and Draw.
     bool Create(HWND panel, int id);
     HWND Handle() const { return list_; }
@@ -48,7 +56,26 @@ public:
 private:
     std::size_t Count() const;
     void Mark(std::optional<std::size_t> gap);
+    void Choose(std::size_t item);
+    std::string ShownText(std::size_t index) const;
+    static LRESULT CALLBACK Procedure(HWND list, UINT message, WPARAM wParam, LPARAM lParam,
+                                      UINT_PTR, DWORD_PTR self);
 
+    // Part k is item k - 1.
+    LONG ChildCount() const override { return static_cast<LONG>(Count()); }
+    LONG Role(LONG part) const override;
+    LONG State(LONG part) const override;
+    std::string Name(LONG part) const override;
+    RECT Area(LONG part) override { return AreaOf(part); }
+    LONG ChildAt(POINT at) override;
+    std::optional<LONG> FocusedChild() const override;
+    std::optional<LONG> SelectedChild() const override;
+    std::string DefaultAction(LONG part) const override;
+    void DoDefaultAction(LONG part) override;
+    bool FocusChild(LONG part) override;
+    RECT AreaOf(LONG part) const;
+
+    AccessibleHost accessible_;
     HWND list_ = nullptr; // owned by the panel
     std::optional<std::size_t> dragged_;
     std::optional<std::size_t> mark_; // the gap that shows where the dragged item would go

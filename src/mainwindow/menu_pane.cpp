@@ -29,6 +29,7 @@ void MenuPane::FClear()
     SC();
     FollowMouse();
     RedrawAll();
+    host_.ColumnReplaced();
 }
 
 bool MenuPane::LoadFields(EventPump& pump)
@@ -54,6 +55,7 @@ bool MenuPane::LoadFields(EventPump& pump)
     SC();
     RedrawAll();
     FollowMouse();
+    host_.ColumnReplaced();
     return true;
 }
 
@@ -161,15 +163,18 @@ void MenuPane::ValueChanged()
 
 // Mouse
 
-std::optional<std::uint32_t> MenuPane::LinkAt(TwipPoint at)
+std::optional<std::uint32_t> MenuPane::RowAt(TwipPoint at)
 {
     const Twips y = static_cast<Twips>(double{at.y} - static_cast<double>(scrolling_.Top()));
     const auto row = static_cast<std::uint32_t>(column_.FirstRowBelow(y));
-    if (row < column_.Rows().size() && column_.Rows()[row].kind == RowKind::link &&
-        AreaOf(row).Contains(at)) {
-        return row;
-    }
-    return std::nullopt;
+    return row < column_.Rows().size() && AreaOf(row).Contains(at) ? std::optional(row)
+                                                                   : std::nullopt;
+}
+
+std::optional<std::uint32_t> MenuPane::LinkAt(TwipPoint at)
+{
+    const auto row = RowAt(at);
+    return row && column_.Rows()[*row].kind == RowKind::link ? row : std::nullopt;
 }
 
 void MenuPane::MouseMove(TwipPoint at)
@@ -246,6 +251,9 @@ void MenuPane::SetFocusedLink(std::optional<std::size_t> link)
         if (changed) {
             RedrawRow(column_.Links()[*changed]);
         }
+    }
+    if (old != link) {
+        host_.FocusMoved();
     }
 }
 

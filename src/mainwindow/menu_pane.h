@@ -30,6 +30,10 @@ public:
     virtual void SetTicking(bool ticking) = 0;
     // Links in view want FindNextPicture() when the user leaves time for it.
     virtual void PicturesWanted() = 0;
+    // Other rows stand in the column than before.
+    virtual void ColumnReplaced() = 0;
+    // The keyboard's place is another link than before.
+    virtual void FocusMoved() = 0;
     // The mouse is over another link, or over none.
     virtual void HoverChanged() = 0;
     // A link was clicked: the index of its entry. May re-enter.
@@ -93,6 +97,24 @@ public:
     // Index in Column().Links() of the link with the keyboard's place.
     std::optional<std::size_t> FocusedLink() const { return focusedLink_; }
 
+    // For who asks for single rows, a screen reader: all of it is derived when it is asked for.
+    // What a row says, on one line: its caption, also while it is being typed out; for a link
+    // without text its command.
+    std::string NameOf(std::uint32_t row) const;
+    // The command of a link; empty for other rows.
+    std::string CommandOf(std::uint32_t row) const;
+    bool InView(std::uint32_t row) const;
+    std::optional<std::uint32_t> FocusedRow() const;
+    // Puts the keyboard's place on a link; false when the row is none.
+    bool FocusRow(std::uint32_t row);
+    // As a click on a link. generation: of the column that the row was taken from; a row of one
+    // that is gone does nothing. May re-enter.
+    void ClickRow(std::uint32_t row, std::uint32_t generation);
+    // Counts the columns.
+    std::uint32_t Generation() const { return generation_; }
+    // The row at a point of the viewport.
+    std::optional<std::uint32_t> RowAt(TwipPoint at);
+
     // The row of the link at a point of the viewport.
     std::optional<std::uint32_t> LinkAt(TwipPoint at);
     // The link under the mouse: its area in the viewport, and its tooltip (the command).
@@ -114,6 +136,7 @@ private:
         std::uint32_t end;
     };
 
+    // Valid until the next call.
     Visual& VisualOf(std::uint32_t row);
     Visual MakeVisual(const Row& row);
     void PaintRow(Canvas& canvas, std::uint32_t row, const TwipRect& clip);
@@ -128,7 +151,7 @@ private:
     void ValueChanged();
     void FocusLink(std::size_t link);
     void SetFocusedLink(std::optional<std::size_t> link);
-    bool InView(std::uint32_t row) const;
+    MenuItem ItemOf(std::uint32_t row) const;
     void StepLink(bool down);
     void PageLink(bool down);
     std::optional<std::size_t> LinkAPageFrom(std::size_t link, bool down) const;
@@ -151,7 +174,7 @@ private:
     std::unordered_map<std::uint32_t, Visual> visuals_;
     std::uint32_t tick_ = 0;
     std::uint32_t typingUntil_ = 0;  // the tick at which the last title stands whole
-    std::uint32_t generation_ = 0;   // counts the columns: rows of an older one are gone
+    std::uint32_t generation_ = 0;   // rows of an older one are gone
     std::optional<TwipPoint> mouse_; // while it is over the panel
     std::optional<std::uint32_t> hovered_;
     std::optional<TwipRect> hoveredArea_; // of the hovered link

@@ -30,9 +30,6 @@ MenuPane::RowRange MenuPane::RowsBetween(Twips top, Twips bottom) const
 
 void MenuPane::Paint(Canvas& canvas, const TwipRect& clip)
 {
-    if (visuals_.size() > kKeptVisuals) {
-        visuals_.clear();
-    }
     canvas.Fill(clip, kButtonFace);
     if (column_.Rows().empty()) {
         canvas.Text({MenuColumn::Left(RowKind::label), 250}, defaultFont_, kGrayText, emptyText_);
@@ -82,9 +79,13 @@ void MenuPane::PaintRow(Canvas& canvas, std::uint32_t index, const TwipRect& cli
 MenuPane::Visual& MenuPane::VisualOf(std::uint32_t row)
 {
     const auto known = visuals_.find(row);
-    return known != visuals_.end()
-               ? known->second
-               : visuals_.emplace(row, MakeVisual(column_.Rows()[row])).first->second;
+    if (known != visuals_.end()) {
+        return known->second;
+    }
+    if (visuals_.size() >= kKeptVisuals) {
+        visuals_.clear(); // here, as not only painting asks for rows
+    }
+    return visuals_.emplace(row, MakeVisual(column_.Rows()[row])).first->second;
 }
 
 MenuPane::Visual MenuPane::MakeVisual(const Row& row)

@@ -16,7 +16,6 @@ namespace nv
 namespace
 {
 
-constexpr UINT kSynchronize = WM_APP + 1;
 constexpr UINT_PTR kTypingTimer = 1;
 constexpr UINT_PTR kPictureTimer = 2;
 constexpr UINT kSoon = 10;           // milliseconds: input and painting come first
@@ -112,6 +111,11 @@ std::optional<LRESULT> MenuView::RouteInput(UINT message, WPARAM wParam, LPARAM 
         return OnNotify(lParam);
     case kSynchronize:
         Synchronize();
+        return 0;
+    case kOpenRow:
+        if (TakesInput(Handle())) {
+            pane_.ClickRow(static_cast<std::uint32_t>(wParam), static_cast<std::uint32_t>(lParam));
+        }
         return 0;
     default:
         return RouteMouse(message, wParam, lParam);
@@ -281,6 +285,7 @@ void MenuView::OnTab()
 void MenuView::OnSetFocus()
 {
     pane_.SetHasFocus(true);
+    FocusMoved(); // it is not the window that has the keyboard, but a link
     // Who comes with the Tab key comes to the first link, or backwards to the last one.
     if (Pressed(VK_TAB) && !Pressed(VK_MENU)) {
         if (Pressed(VK_SHIFT)) {
@@ -301,10 +306,16 @@ LRESULT MenuView::OnNotify(LPARAM lParam)
     return 0;
 }
 
-// Brings the scroll bar and the picture up to date with the column.
+// Brings the scroll bar, the picture and what screen readers know up to date with the column.
 void MenuView::Synchronize()
 {
     synchronizing_ = false;
+    ShowScroll();
+    TellChanges();
+}
+
+void MenuView::ShowScroll()
+{
     const Scrolling scroll = pane_.Scroll();
     const Twips height = pane_.Column().Height();
     const double seenTo = double{pane_.ViewSize().height} - static_cast<double>(scroll.Top());
@@ -343,6 +354,23 @@ void MenuView::Redraw(const TwipRect& area)
 }
 
 void MenuView::ColumnChanged()
+{
+    SynchronizeSoon();
+}
+
+void MenuView::ColumnReplaced()
+{
+    replaced_ = true;
+    SynchronizeSoon();
+}
+
+void MenuView::FocusMoved()
+{
+    focusMoved_ = true;
+    SynchronizeSoon();
+}
+
+void MenuView::SynchronizeSoon()
 {
     // Once for all the lines that are added until the message arrives.
     if (Handle() != nullptr && !std::exchange(synchronizing_, true)) {

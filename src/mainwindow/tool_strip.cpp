@@ -41,7 +41,7 @@ bool ToolStrip::Create(HWND parent)
 {
     if (!Window::Create(
             {"NavrixToolStrip", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT},
-            parent)) {
+            parent, "Toolbar")) {
         return false;
     }
     Twips top = 0;

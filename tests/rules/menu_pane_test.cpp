@@ -110,6 +110,8 @@ struct PaneTest : public testing::Test, private PaneHost {
     void TakeFocus() override { ++focusTaken; }
     void SetTicking(bool on) override { ticking = on; }
     void PicturesWanted() override { picturesWanted = true; }
+    void ColumnReplaced() override { ++columns; }
+    void FocusMoved() override { ++focusMoves; }
     void HoverChanged() override {}
     void EntryClicked(std::uint32_t entry) override { clicked.push_back(entry); }
 
@@ -124,6 +126,8 @@ struct PaneTest : public testing::Test, private PaneHost {
     MenuPane pane{*this, measure, pictures, CodePage(), lines, defaultFont};
     std::vector<std::uint32_t> clicked;
     int focusTaken = 0;
+    int columns = 0;
+    int focusMoves = 0;
     bool ticking = false;
     bool picturesWanted = false;
 };
@@ -392,6 +396,46 @@ TEST_F(PaneTest, PicturesAreAskedForOnceAndOnlyInView)
         EXPECT_EQ(times, 1) << path;
     }
     EXPECT_EQ(icons.asked.count("prog90"), 0u);
+}
+
+TEST_F(PaneTest, TellsOfSingleRows)
+{
+    Add(ItemType::vTitle, "\xA9 Title"); // not typed out yet
+    Add(ItemType::vSpace, "");
+    Add(ItemType::vLabel, "one\r\ntwo\tthree");
+    Add(ItemType::vLine, "");
+    Add(ItemType::vLink, "caption", "C:\\a.exe");
+    Add(ItemType::vLink, "", "C:\\b.exe -x");
+    Add(ItemType::vLink, "", "c.exe");
+    AddLinks(1000);
+    ASSERT_TRUE(Load());
+    EXPECT_EQ(focusMoves, 1);
+    const std::pair<const char*, const char*> expected[] = {
+        {"\xA9 Title", ""},       {"one two three", ""},        {"Line", ""},
+        {"caption", "C:\\a.exe"}, {"b.exe -x", "C:\\b.exe -x"}, {"c.exe", "c.exe"}};
+    std::uint32_t row = 0;
+    for (const auto& [name, command] : expected) {
+        EXPECT_EQ(pane.NameOf(row), name);
+        EXPECT_EQ(pane.CommandOf(row), command);
+        const TwipRect area = pane.AreaOf(row);
+        EXPECT_EQ(pane.RowAt({area.left, area.top}), row);
+        EXPECT_EQ(pane.RowAt({area.left, area.top - 10}), std::nullopt); // the gap above
+        ++row;
+    }
+    EXPECT_FALSE(pane.FocusRow(0));
+    EXPECT_TRUE(pane.FocusRow(900));
+    EXPECT_EQ(pane.FocusedRow(), 900u);
+    EXPECT_TRUE(pane.InView(900));
+    EXPECT_FALSE(pane.InView(4));
+    // A click that comes late does not start what stands there in another menu.
+    const auto generation = pane.Generation();
+    const int before = columns;
+    pane.ClickRow(4, generation);
+    pane.ClickRow(0, generation);
+    ASSERT_TRUE(Load());
+    EXPECT_GT(columns, before);
+    pane.ClickRow(4, generation);
+    EXPECT_EQ(clicked, std::vector<std::uint32_t>{5});
 }
 
 TEST_F(PaneTest, HasLittleToShow)
