@@ -73,11 +73,13 @@ TEST_F(MainWindow, LockedModeKeepsTheMenuFromBeingChanged)
         {"Back", true},      {"Revert", true},  {"Home", true},  {"Open Menu", false},
         {"New Menu", false}, {"Normal", false}, {"Edit", false}, {"Options", false},
     };
-    Program& program = StartWith("/l");
-    for (const auto& [caption, locked] : buttons) {
-        const HWND button = program.Button(caption);
-        ASSERT_NE(button, nullptr) << caption;
-        EXPECT_EQ(IsWindowEnabled(button) != FALSE, locked) << caption;
+    for (const bool lock : {true, false}) {
+        Program& program = StartWith(lock ? "/l" : "");
+        for (const auto& [caption, locked] : buttons) {
+            const HWND button = program.Button(caption);
+            ASSERT_NE(button, nullptr) << caption;
+            EXPECT_EQ(IsWindowEnabled(button) != FALSE, locked || !lock) << caption;
+        }
     }
 }
 

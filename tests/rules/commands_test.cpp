@@ -15,8 +15,11 @@ TEST(Commands, AreToBeHadByTheFacts)
     using List = std::vector<Command>;
     const List always = {Command::back};
     const List withMenu = {Command::back, Command::revert, Command::home};
-    const List run = {Command::back, Command::revert,   Command::home,   Command::normal,
-                      Command::edit, Command::saveMenu, Command::setHome};
+    const List noMenu = {Command::back, Command::normal, Command::options, Command::openMenu,
+                         Command::newMenu};
+    List run = noMenu;
+    run.insert(run.end(), {Command::revert, Command::home, Command::edit, Command::saveMenu,
+                           Command::setHome});
     List edit = run;
     edit.insert(edit.end(), {Command::insertNew, Command::remove, Command::moveUp,
                              Command::moveDown, Command::changeFont, Command::insertPath,
@@ -27,7 +30,7 @@ TEST(Commands, AreToBeHadByTheFacts)
         Facts facts;
         List available;
     } cases[] = {
-        {"nothing", {}, {Command::back, Command::normal}},
+        {"nothing", {}, noMenu},
         {"locked, no menu", {true}, always},
         {"a menu", {false, true, true, false, true, true, true, true}, run},
         {"a menu, locked", {true, true, true, false, true, true, true, true}, withMenu},
