@@ -294,8 +294,7 @@ void EditPanel::FillFields()
         ShowCaptionFont();
         const bool caption = FillBox(captionBox_, fields.caption, kLongestCaption);
         const bool command = FillBox(commandBox_, fields.link, kLongestCommand);
-        ShowTitle(caption && command ? "Menu Edit"
-                                     : "Some of this text is too long to be edited here.");
+        ShowTitle(caption && command ? "Menu Edit" : "Some of this text cannot be edited here.");
         // A hand-edited file may hold other codes than the box has: none is chosen then.
         SendMessageA(typeBox_, CB_SETCURSEL, static_cast<WPARAM>(fields.type), 0);
     }
@@ -309,11 +308,13 @@ void EditPanel::ShowTitle(const std::string& title)
     }
 }
 
-// False: the text is too long to be edited, and its beginning is shown.
+// False: the text is too long to be edited, or holds what the box drops (a NUL ends it, say). Its
+// beginning is shown.
 bool EditPanel::FillBox(HWND box, const std::string& text, std::size_t longest)
 {
-    const bool whole = text.size() <= longest;
-    SetTextOf(box, whole ? text : std::string(codePage_.WholeCharacters(text, longest)));
+    const bool fits = text.size() <= longest;
+    SetTextOf(box, fits ? text : std::string(codePage_.WholeCharacters(text, longest)));
+    const bool whole = fits && TextOf(box) == text;
     SendMessageA(box, EM_SETREADONLY, !whole, 0);
     return whole;
 }

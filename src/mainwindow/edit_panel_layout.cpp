@@ -133,8 +133,9 @@ void EditPanel::LayButtons(const TwipRect& client, Twips listTop)
             {right, listTop + kEdge + row * (kButtonHeight + kGap), kButtonWidth, kButtonHeight});
     }
     const Twips bottom = client.height - kEdge - kButtonHeight;
-    buttons_.MoveTo(kSave, {kEdge, bottom, kButtonWidth, kButtonHeight});
     const TwipSize size = buttons_[kSetHome].Button().Size();
+    buttons_.MoveTo(kSave,
+                    {kEdge, bottom + (kButtonHeight - size.height) / 2, kButtonWidth, size.height});
     buttons_.MoveTo(kSetHome,
                     {kEdge + kButtonWidth + kGap, bottom + (kButtonHeight - size.height) / 2,
                      size.width, size.height});

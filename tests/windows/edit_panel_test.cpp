@@ -126,6 +126,7 @@ TEST_F(Panel, WhatABoxCannotHoldStaysAsItIs)
     panel_.Editor().Select(0);
     const HWND box = Control(EditPanel::kCommandBox);
     EXPECT_NE(GetWindowStyle(box) & ES_READONLY, 0);
+    EXPECT_NE(GetWindowStyle(Control(EditPanel::kCaptionBox)) & ES_READONLY, 0);
     panel_.Browse(nullptr); // no picker comes for a box that takes nothing
     // The type is chosen.
     SendMessageA(Control(EditPanel::kTypeBox), CB_SETCURSEL, 2, 0);
