@@ -132,13 +132,10 @@ void EditPanel::LayButtons(const TwipRect& client, Twips listTop)
             static_cast<std::size_t>(button),
             {right, listTop + kEdge + row * (kButtonHeight + kGap), kButtonWidth, kButtonHeight});
     }
-    const Twips bottom = client.height - kEdge - kButtonHeight;
     const TwipSize size = buttons_[kSetHome].Button().Size();
-    buttons_.MoveTo(kSave,
-                    {kEdge, bottom + (kButtonHeight - size.height) / 2, kButtonWidth, size.height});
-    buttons_.MoveTo(kSetHome,
-                    {kEdge + kButtonWidth + kGap, bottom + (kButtonHeight - size.height) / 2,
-                     size.width, size.height});
+    const Twips bottom = client.height - kEdge - (kButtonHeight + size.height) / 2;
+    buttons_.MoveTo(kSave, {kEdge, bottom, kButtonWidth, size.height});
+    buttons_.MoveTo(kSetHome, {kEdge + kButtonWidth + kGap, bottom, size.width, size.height});
 }
 
 void EditPanel::Paint(Canvas& canvas, const TwipRect& clip)
