@@ -4,8 +4,6 @@
 #include "win32/gdi_text.h"
 #include "win32/screen.h"
 
-#include <commdlg.h>
-
 namespace nv
 {
 
@@ -60,10 +58,27 @@ std::string ComDial::OpenFileDialog(const std::string& title, const std::string&
                                     const std::string& filter, int filterIndex, bool mustExist,
                                     HWND owner)
 {
+    OPENFILENAMEA record = {};
+    record.Flags = OFN_HIDEREADONLY | (mustExist ? OFN_FILEMUSTEXIST : 0u);
+    return PickFile(GetOpenFileNameA, record, title, filter, filterIndex, owner);
+}
+
+std::string ComDial::SaveFileDialog(const std::string& title, const std::string& filter,
+                                    int filterIndex, const std::string& defaultExtension,
+                                    HWND owner)
+{
+    OPENFILENAMEA record = {};
+    record.Flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT;
+    record.lpstrDefExt = defaultExtension.c_str();
+    return PickFile(GetSaveFileNameA, record, title, filter, filterIndex, owner);
+}
+
+std::string ComDial::PickFile(Picker picker, OPENFILENAMEA record, const std::string& title,
+                              const std::string& filter, int filterIndex, HWND owner)
+{
     std::string path(kPathBuffer + 1, '\0');
     std::string fileTitle = path;
-    const std::string closedFilter = filter + '\0'; // a second NUL ends the list
-    OPENFILENAMEA record = {};
+    const std::string closedFilter = filter + '\0';      // a second NUL ends the list
     record.lStructSize = OPENFILENAME_SIZE_VERSION_400A; // no newer field is used
     record.hwndOwner = owner;
     record.hInstance = GetModuleHandleA(nullptr);
@@ -75,8 +90,7 @@ std::string ComDial::OpenFileDialog(const std::string& title, const std::string&
     record.nMaxFileTitle = kPathBuffer;
     record.lpstrInitialDir = lastFolder_.c_str();
     record.lpstrTitle = title.c_str();
-    record.Flags = OFN_HIDEREADONLY | (mustExist ? OFN_FILEMUSTEXIST : 0u);
-    const bool picked = GetOpenFileNameA(&record) != 0;
+    const bool picked = picker(&record) != 0;
     DropRelease();
     lastFolder_ = CurrentFolder();
     RestoreProgramFolder();

@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <commdlg.h>
+
 #include <string>
 
 namespace nv
@@ -32,6 +34,12 @@ public:
                                const std::string& filter, int filterIndex, bool mustExist,
                                HWND owner);
 
+    // Lets the user name a file to be written, as OpenFileDialog does; one that is there already
+    // only after asking. A name typed without an extension gets defaultExtension, which has no dot.
+    // The folder of the name may be missing. May re-enter.
+    std::string SaveFileDialog(const std::string& title, const std::string& filter, int filterIndex,
+                               const std::string& defaultExtension, HWND owner);
+
     // Lets the user change font and color; returns the color, or kCancelled and leaves the font as
     // it was. deviceContext says how many pixels an inch has. Every font that comes back is bold,
     // as any weight counts. A color left as it was comes back itself, a system colour too. May
@@ -45,6 +53,12 @@ public:
     const std::string& LastFolder() const { return lastFolder_; }
 
 private:
+    using Picker = BOOL(WINAPI*)(LPOPENFILENAMEA);
+
+    // record: how this pick differs from others.
+    std::string PickFile(Picker picker, OPENFILENAMEA record, const std::string& title,
+                         const std::string& filter, int filterIndex, HWND owner);
+
     std::string programFolder_;
     std::string lastFolder_;
 };
