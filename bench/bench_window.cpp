@@ -51,7 +51,7 @@ Form1& BenchWindow::MakeForm(const std::string& folder, const std::vector<std::s
         fileSizes_.push_back(WriteMenu(menus.back(), count));
     }
     WriteMenu(folder + "\\Home.nvm", 10, menus);
-    return ownForm_.emplace(pump_, folder, Form1::Version{1, 0, 0});
+    return ownForm_.emplace(pump_, folder, Form1::Version{1, 0, 0}, "");
 }
 
 bool BenchWindow::FillsView()

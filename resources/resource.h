@@ -37,3 +37,18 @@
 // Four option buttons, in the order of the stored values.
 #define IDC_O1 211
 #define IDC_SUPPORT 215
+
+// The support window: its labels and boxes by the names that the system gives them.
+#define IDD_SUPPORT 220
+#define IDC_LABEL1 221
+#define IDC_LABEL5 222
+#define IDC_TEXT4 223
+#define IDC_TEXT1 224
+// Four count boxes, in the order of CountBox.
+#define IDC_TEXT2 225
+#define IDC_TEXT3 229
+// Check boxes, in the order of kServerSystems and kWorkstationSystems.
+#define IDC_CHECK1 230
+#define IDC_CHECK2 235
+#define IDC_COMMAND1 241
+#define IDC_COMMAND3 242

@@ -15,7 +15,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showCommand)
     InitCommonControlsEx(&controls);
 
     nv::MessagePump pump;
-    nv::Form1 form(pump, nv::ProgramFolder(), {VER_MAJOR, VER_MINOR, VER_PATCH});
+    nv::Form1 form(pump, nv::ProgramFolder(), {VER_MAJOR, VER_MINOR, VER_PATCH}, SUPPORT_ADDRESS);
     if (!form.StartUp(nv::ArgumentsOf(GetCommandLineA()), showCommand)) {
         return 0;
     }

@@ -4,6 +4,7 @@
 #include "mainwindow/command_line.h"
 #include "mainwindow/link_click.h"
 #include "resource.h"
+#include "support/nv_support.h"
 #include "system/assoc.h"
 #include "system/options.h"
 #include "system/sopen.h"
@@ -58,12 +59,13 @@ std::vector<TwipRect> WorkAreas()
 
 } // namespace
 
-Form1::Form1(MessagePump& pump, std::string programFolder, const Version& version)
+Form1::Form1(MessagePump& pump, std::string programFolder, const Version& version,
+             std::string supportAddress)
     : pump_(pump), programFolder_(std::move(programFolder)),
       title_(WindowTitle(version.major, version.minor, version.revision)),
-      scale_(PrimaryScreenScale()), text_(scale_, ProcessCodePage()), pictures_(scale_),
-      comDial_(programFolder_), shellExe_(shell_, programFolder_),
-      linkPictures_(shellExe_, pictures_),
+      supportAddress_(std::move(supportAddress)), scale_(PrimaryScreenScale()),
+      text_(scale_, ProcessCodePage()), pictures_(scale_), comDial_(programFolder_),
+      shellExe_(shell_, programFolder_), linkPictures_(shellExe_, pictures_),
       document_(files_, prompts_, settings_, pump_, *this, ProcessCodePage(), FormFont()),
       header_(text_, pictures_, ProcessCodePage()),
       strip_(text_, pictures_, [this](Command command) { Run(command); }),
@@ -318,7 +320,15 @@ void Form1::ShowOpenMenu(bool create)
 
 void Form1::ShowOptions()
 {
-    Options({text_, pictures_, formFonts_, prompts_}, settings_, [](HWND) {}).ShowModal(Handle());
+    Options({text_, pictures_, formFonts_, prompts_}, settings_, [this](HWND owner) {
+        ShowSupport(owner);
+    }).ShowModal(Handle());
+}
+
+void Form1::ShowSupport(HWND owner)
+{
+    NVSupport({text_, pictures_, formFonts_, prompts_}, files_, comDial_, supportAddress_, title_)
+        .ShowModal(owner);
 }
 
 void Form1::Back()

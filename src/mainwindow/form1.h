@@ -37,8 +37,10 @@ public:
         int minor;
         int revision;
     };
-    // programFolder: without closing backslash, unless it is a drive root. pump must outlive this.
-    Form1(MessagePump& pump, std::string programFolder, const Version& version);
+    // programFolder: without closing backslash, unless it is a drive root. supportAddress: where
+    // users mail their trouble tickets. pump must outlive this.
+    Form1(MessagePump& pump, std::string programFolder, const Version& version,
+          std::string supportAddress);
     ~Form1() override;
 
     // Creates and shows the window and opens the first menu, in the program's fixed order.
@@ -76,6 +78,7 @@ private:
     // The dialogs. May re-enter.
     void ShowOpenMenu(bool create);
     void ShowOptions();
+    void ShowSupport(HWND owner);
     void Back();
     void Revert();
     void Normal();
@@ -109,6 +112,7 @@ private:
     MessagePump& pump_;
     std::string programFolder_;
     std::string title_;
+    std::string supportAddress_;
     ScreenScale scale_;
     WinFiles files_;
     Regis settings_;

@@ -69,6 +69,14 @@ struct KernelTraits {
 };
 using KernelHandle = UniqueHandle<KernelTraits>;
 
+// Memory from GlobalAlloc.
+struct GlobalTraits {
+    using Type = HGLOBAL;
+    static Type None() { return nullptr; }
+    static void Release(Type handle) { GlobalFree(handle); }
+};
+using GlobalMemory = UniqueHandle<GlobalTraits>;
+
 struct RegistryTraits {
     using Type = HKEY;
     static Type None() { return nullptr; }
