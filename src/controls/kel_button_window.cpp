@@ -2,6 +2,7 @@
 
 #include "platform/system_colors.h"
 #include "win32/screen.h"
+#include "win32/window_text.h"
 
 #include <windows.h>
 
@@ -50,7 +51,10 @@ void KelButtonWindow::AttachTo(HWND window)
 
 void KelButtonWindow::Refresh()
 {
-    SetWindowTextA(Handle(), button_.Caption().c_str());
+    if (TextOf(Handle()) != button_.Caption()) {
+        SetWindowTextA(Handle(), button_.Caption().c_str());
+        TellChange(EVENT_OBJECT_NAMECHANGE, Handle(), CHILDID_SELF);
+    }
     const bool hadFocus = GetFocus() == Handle();
     const bool wasEnabled = EnableWindow(Handle(), button_.EnabledM()) == FALSE;
     if (wasEnabled != button_.EnabledM()) {
@@ -175,7 +179,10 @@ LONG KelButtonWindow::Role(LONG) const
 
 LONG KelButtonWindow::State(LONG) const
 {
-    return STATE_SYSTEM_FOCUSABLE | (look_.pressed ? STATE_SYSTEM_PRESSED : 0);
+    // In a dialog the Enter key presses the one that has this number.
+    const bool byDefault = GetDlgCtrlID(Handle()) == IDOK;
+    return STATE_SYSTEM_FOCUSABLE | (look_.pressed ? STATE_SYSTEM_PRESSED : 0) |
+           (byDefault ? STATE_SYSTEM_DEFAULT : 0);
 }
 
 void KelButtonWindow::DoDefaultAction(LONG)

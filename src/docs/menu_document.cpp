@@ -152,7 +152,7 @@ bool MenuDocument::MayClose()
 {
     // During a load the mark still belongs to the menu that was left, whose changes were asked
     // about then.
-    return loading_ || !unsaved_ || OfferToSave();
+    return loading_ || !unsaved_ || (!asking_ && OfferToSave());
 }
 
 void MenuDocument::SetFFile(const std::string& path)
@@ -176,9 +176,12 @@ void MenuDocument::SetMCh(bool changed)
 // Asks whether to save the changes and does it; false when the user or a failed save says stop.
 bool MenuDocument::OfferToSave()
 {
-    const Answer answer =
-        prompts_.Ask("Do you want to save the changes you made to \n\n" + file_ + "?",
-                     PromptIcon::question, PromptButtons::yesNoCancel);
+    Answer answer = Answer::cancel;
+    {
+        const Mark asking(asking_);
+        answer = prompts_.Ask("Do you want to save the changes you made to \n\n" + file_ + "?",
+                              PromptIcon::question, PromptButtons::yesNoCancel);
+    }
     if (answer == Answer::yes) {
         // A menu that never had a file has nowhere to go: its changes are dropped.
         return file_.empty() || SavePDM(file_);

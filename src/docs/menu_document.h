@@ -65,7 +65,7 @@ public:
     void SetThisMenuAsHomeMenu();
     // Asks about unsaved changes before the program ends: whatever MCh is since, a changed menu
     // stays one until it is saved. False: the program is to go on. While Loading() there is nothing
-    // to ask about.
+    // to ask about. While the question is being asked it is not asked a second time: false.
     bool MayClose();
 
     // Full path of the current Menu file; empty when none.
@@ -118,6 +118,7 @@ private:
     bool unsaved_ = false;
     bool noHistory_ = false;
     bool loading_ = false;
+    bool asking_ = false; // the question whether to save is being asked
 };
 
 } // namespace nv

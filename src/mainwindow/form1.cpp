@@ -314,8 +314,12 @@ void Form1::Run(Command command)
 
 void Form1::ShowOpenMenu(bool create)
 {
+    menuOpened_ = false;
     Sopen({text_, pictures_, formFonts_, prompts_}, document_, files_, settings_, comDial_, create)
         .ShowModal(Handle());
+    if (menuOpened_) {
+        SetFocus(PanelInView()); // who opens a menu wants to use it, not the button that he pressed
+    }
 }
 
 void Form1::ShowOptions()
@@ -488,13 +492,19 @@ void Form1::TitleChanged(const std::string& fileName)
 
 void Form1::Opened(const std::string& path)
 {
+    menuOpened_ = true;
     SetWindowTextA(Handle(), (title_ + " - " + path).c_str());
 }
 
 bool Form1::LinesRebuilt()
 {
-    if (!view_.Pane().LoadFields(pump_)) {
-        return false;
+    try {
+        if (!view_.Pane().LoadFields(pump_)) {
+            return false;
+        }
+    } catch (const std::bad_alloc&) {
+        view_.Pane().FClear(); // rows of a part of the lines would outlive an edit
+        throw;
     }
     columnStale_ = false;
     panel_.Editor().Loaded();

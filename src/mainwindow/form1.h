@@ -96,6 +96,7 @@ private:
     bool OnKeyDown(const MSG& message);
     void OnSize();
     void OnClose();
+    bool OnQueryEndSession();
     void OnDestroy();
     void StorePlacement();
     void OnActivate(bool active);
@@ -139,6 +140,7 @@ private:
     bool locked_ = false;
     bool busy_ = false;
     bool columnStale_ = false;     // the lines were edited since the column was built
+    bool menuOpened_ = false;      // since a dialog was shown
     bool rebuildCutShort_ = false; // the building of the column from edited lines was ended
 };
 

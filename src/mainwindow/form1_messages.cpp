@@ -15,6 +15,8 @@ constexpr Twips kHeaderHeight = 480;
 constexpr Twips kBodyTop = 700;
 constexpr Twips kBodyBottom = 195;
 
+constexpr DWORD kDialogAtom = 32770; // of the platform's class of dialogs
+
 Key KeyOf(WPARAM key)
 {
     switch (key) {
@@ -57,7 +59,7 @@ std::optional<LRESULT> Form1::Route(UINT message, WPARAM wParam, LPARAM lParam)
         OnClose();
         return 0;
     case WM_QUERYENDSESSION:
-        return document_.MayClose();
+        return OnQueryEndSession();
     case WM_ENDSESSION:
         if (wParam != 0) {
             StorePlacement();
@@ -127,10 +129,30 @@ void Form1::OnActivate(bool active)
     }
 }
 
+// The user may be in a dialog, a picker or a box: the question comes over that, which then has to
+// wait.
+bool Form1::OnQueryEndSession()
+{
+    const HWND top = GetLastActivePopup(Handle());
+    const HWND owner = prompts_.Owner();
+    prompts_.SetOwner(top);
+    const bool may = document_.MayClose();
+    prompts_.SetOwner(owner);
+    if (!may) {
+        SetForegroundWindow(top);
+    }
+    return may;
+}
+
 bool Form1::FilterMessage(MSG& message)
 {
-    if (Handle() == nullptr || (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd))) {
+    if (Handle() == nullptr) {
         return false;
+    }
+    const HWND top = GetAncestor(message.hwnd, GA_ROOT);
+    if (top != Handle()) {
+        // A dialog that opens a menu, while the menu loads.
+        return GetClassLongA(top, GCW_ATOM) == kDialogAtom && IsDialogMessageW(top, &message) != 0;
     }
     if (panel_.OnCaptionKey(message)) {
         return true;

@@ -102,6 +102,9 @@ LONG ItemList::ChildAt(POINT at)
 {
     // The platform's own message for it counts with 16 bits.
     const LRESULT height = SendMessageA(list_, LB_GETITEMHEIGHT, 0, 0);
+    if (height <= 0) {
+        return CHILDID_SELF;
+    }
     const LRESULT item = SendMessageA(list_, LB_GETTOPINDEX, 0, 0) + at.y / height;
     return item < ChildCount() ? static_cast<LONG>(item) + 1 : CHILDID_SELF;
 }

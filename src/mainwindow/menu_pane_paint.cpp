@@ -3,6 +3,7 @@
 #include "controls/kel_pic.h"
 #include "controls/text_layout.h"
 #include "mainwindow/menu_pane.h"
+#include "platform/mark.h"
 #include "platform/system_colors.h"
 
 namespace nv
@@ -124,9 +125,10 @@ bool MenuPane::FindNextPicture(WindowHandle owner)
         }
         const std::string command = item.link;
         const std::uint32_t generation = generation_;
-        findingPicture_ = true;
-        pictures_.Find(owner, command);
-        findingPicture_ = false;
+        {
+            const Mark finding(findingPicture_);
+            pictures_.Find(owner, command);
+        }
         if (generation == generation_) {
             std::erase_if(visuals_, [&command](const auto& entry) {
                 return entry.second.item.link == command; // of more than one link, perhaps

@@ -31,6 +31,10 @@ void DropRelease()
     MSG message = {};
     const auto drop = [&message] {
         while (PeekMessageW(&message, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE) != 0) {
+            if (message.message == WM_QUIT) { // comes whatever was asked for, and is not for here
+                PostQuitMessage(static_cast<int>(message.wParam));
+                return;
+            }
         }
     };
     constexpr DWORD kMilliseconds = 20;

@@ -36,8 +36,11 @@ INT_PTR CALLBACK FormDialog::Procedure(HWND window, UINT message, WPARAM wParam,
     try {
         return self->Route(message, wParam, lParam);
     } catch (const std::bad_alloc&) {
-        // No exception may get into the platform. What was asked for is not done.
-        MessageBeep(MB_ICONHAND);
+        // No exception may get into the platform. What was asked for is not done; of a dialog that
+        // could not be made nothing is shown.
+        if (message == WM_INITDIALOG) {
+            EndDialog(window, 0);
+        }
         return TRUE;
     }
 }
@@ -62,9 +65,11 @@ INT_PTR FormDialog::Route(UINT message, WPARAM wParam, LPARAM)
 
 void FormDialog::OnControl(int control, int notification)
 {
-    if (notification != BN_CLICKED) {
+    const bool press =
+        notification == BN_CLICKED && (control == IDCANCEL || FindButton(control) != nullptr);
+    if (!press) {
         OnCommand(control, notification);
-    } else if (!pressed_) {
+    } else if (!pressed_ && IsWindowEnabled(window_)) {
         // A press may open a menu, which lets events through: another one has to wait for its end.
         const Mark pressed(pressed_);
         if (control == IDCANCEL) {
@@ -113,12 +118,11 @@ void FormDialog::CentreOnOwner()
 
 void FormDialog::OnPaint()
 {
-    PAINTSTRUCT paint = {};
-    GdiCanvas canvas(BeginPaint(window_, &paint), services_.text, services_.pictures);
+    const PaintDc dc(window_);
+    GdiCanvas canvas(dc.Get(), services_.text, services_.pictures);
     for (const auto& button : buttons_) {
         DrawFrame(canvas, *button);
     }
-    EndPaint(window_, &paint);
 }
 
 void FormDialog::DrawFrame(Canvas& canvas, const KelButtonWindow& button) const
@@ -152,12 +156,20 @@ KelButton& FormDialog::SetUpButton(int id, const char* caption, std::int32_t pic
     return button;
 }
 
-void FormDialog::RefreshButton(int id)
+KelButtonWindow* FormDialog::FindButton(int id) const
 {
     for (const auto& button : buttons_) {
         if (GetDlgCtrlID(button->Handle()) == id) {
-            button->Refresh();
+            return button.get();
         }
+    }
+    return nullptr;
+}
+
+void FormDialog::RefreshButton(int id)
+{
+    if (KelButtonWindow* button = FindButton(id)) {
+        button->Refresh();
     }
 }
 

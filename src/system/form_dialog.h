@@ -45,8 +45,8 @@ protected:
     // The controls are there and have their fonts, the window is not to be seen yet. The control
     // that it returns gets the keyboard; null: the first one.
     virtual HWND OnLoad() = 0;
-    // A control reports: a button was pressed, a box was left. While the command of one button
-    // runs, presses of others are dropped. May re-enter.
+    // A control reports: a button was pressed, a box was left. While the command of one KelButton
+    // runs, presses of others and the closing of the dialog are dropped. May re-enter.
     virtual void OnCommand(int control, int notification) = 0;
     // The window comes to be the active one; true: it has put the keyboard where it belongs.
     virtual bool OnActivate() { return false; }
@@ -67,6 +67,7 @@ private:
     void OnControl(int control, int notification);
     INT_PTR OnInitDialog();
     void OnPaint();
+    KelButtonWindow* FindButton(int id) const;
     void CentreOnOwner();
     void DrawFrame(Canvas& canvas, const KelButtonWindow& button) const;
 

@@ -19,8 +19,11 @@ bool OpenExisting(OpenMenuFields& fields, MenuDocument& document, Files& files, 
         return false;
     }
     if (FileExists(files, path)) {
-        document.FOpen(path); // it tells the user itself what goes wrong
-        return true;
+        const bool opened = document.FOpen(path); // it tells the user itself what goes wrong
+        if (!opened) {
+            fields.FocusText1();
+        }
+        return opened;
     }
     const Answer answer = prompts.Ask("File " + path +
                                           " does not exist.\n\n"
@@ -55,7 +58,7 @@ bool CreateNew(OpenMenuFields& fields, MenuDocument& document, Prompts& prompts,
         return false;
     }
     document.FOpen(path);
-    return true;
+    return true; // also when it is not shown: the menu has been created
 }
 
 } // namespace

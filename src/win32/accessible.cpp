@@ -6,6 +6,7 @@
 #include <new>
 #include <ole2.h>
 #include <oleacc.h>
+#include <type_traits>
 
 namespace nv
 {
@@ -145,17 +146,17 @@ public:
     HRESULT STDMETHODCALLTYPE accHitTest(LONG left, LONG top, VARIANT* child) override;
 
     // No part has any of these.
-    HRESULT STDMETHODCALLTYPE get_accValue(VARIANT, BSTR*) override { return kNoSuchProperty; }
+    HRESULT STDMETHODCALLTYPE get_accValue(VARIANT, BSTR* value) override { return NoText(value); }
     HRESULT STDMETHODCALLTYPE put_accName(VARIANT, BSTR) override { return kNoSuchProperty; }
     HRESULT STDMETHODCALLTYPE put_accValue(VARIANT, BSTR) override { return kNoSuchProperty; }
-    HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT, BSTR*) override { return kNoSuchProperty; }
-    HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR*, VARIANT, LONG*) override
+    HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT, BSTR* help) override { return NoText(help); }
+    HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR* file, VARIANT, LONG*) override
     {
-        return kNoSuchProperty;
+        return NoText(file);
     }
-    HRESULT STDMETHODCALLTYPE get_accKeyboardShortcut(VARIANT, BSTR*) override
+    HRESULT STDMETHODCALLTYPE get_accKeyboardShortcut(VARIANT, BSTR* key) override
     {
-        return kNoSuchProperty;
+        return NoText(key);
     }
 
 private:
@@ -163,12 +164,23 @@ private:
 
     ~Object() = default; // Release does it
 
-    // Runs body with the source and lets no exception out. result: where body's results go; this:
-    // it has none.
-    template <class Body> HRESULT Call(const void* result, Body body) const
+    static HRESULT NoText(BSTR* text)
+    {
+        if (text != nullptr) {
+            *text = nullptr;
+        }
+        return kNoSuchProperty;
+    }
+
+    // Runs body with the source and lets no exception out. result: where body's results go, which
+    // is empty when it fails; this: it has none.
+    template <class Result, class Body> HRESULT Call(Result* result, Body body) const
     {
         if (result == nullptr) {
             return E_POINTER;
+        }
+        if constexpr (!std::is_same_v<std::remove_const_t<Result>, Object>) {
+            *result = {};
         }
         if (source_ == nullptr) {
             return CO_E_OBJNOTCONNECTED;
@@ -182,7 +194,8 @@ private:
         }
     }
     // ... with the source and the part that child tells.
-    template <class Body> HRESULT CallFor(const VARIANT& child, const void* result, Body body) const
+    template <class Result, class Body>
+    HRESULT CallFor(const VARIANT& child, Result* result, Body body) const
     {
         return Call(result, [&](AccessibleSource& source) {
             const bool there =

@@ -13,11 +13,11 @@ namespace
 class BufferedPaint
 {
 public:
-    explicit BufferedPaint(HWND window) : window_(window), target_(BeginPaint(window, &paint_))
+    explicit BufferedPaint(HWND window) : paint_(window)
     {
         if (Width() > 0 && Height() > 0) {
-            memory_.Reset(CreateCompatibleDC(target_));
-            bitmap_.Reset(CreateCompatibleBitmap(target_, Width(), Height()));
+            memory_.Reset(CreateCompatibleDC(paint_.Get()));
+            bitmap_.Reset(CreateCompatibleBitmap(paint_.Get(), Width(), Height()));
             oldBitmap_ = SelectObject(memory_.Get(), bitmap_.Get());
             SetViewportOrgEx(memory_.Get(), -Part().left, -Part().top, nullptr);
         }
@@ -25,26 +25,23 @@ public:
     ~BufferedPaint()
     {
         if (memory_) {
-            BitBlt(target_, Part().left, Part().top, Width(), Height(), memory_.Get(), Part().left,
-                   Part().top, SRCCOPY);
+            BitBlt(paint_.Get(), Part().left, Part().top, Width(), Height(), memory_.Get(),
+                   Part().left, Part().top, SRCCOPY);
             SelectObject(memory_.Get(), oldBitmap_);
         }
-        EndPaint(window_, &paint_);
     }
     BufferedPaint(const BufferedPaint&) = delete;
     BufferedPaint& operator=(const BufferedPaint&) = delete;
 
     // Null when there is nothing to paint.
     HDC Dc() const { return memory_.Get(); }
-    const RECT& Part() const { return paint_.rcPaint; }
+    const RECT& Part() const { return paint_.Part(); }
 
 private:
     int Width() const { return Part().right - Part().left; }
     int Height() const { return Part().bottom - Part().top; }
 
-    HWND window_;
-    PAINTSTRUCT paint_ = {};
-    HDC target_;
+    PaintDc paint_;
     BitmapHandle bitmap_; // outlives the context that it is selected into
     MemoryDc memory_;
     HGDIOBJ oldBitmap_ = nullptr;

@@ -1,6 +1,8 @@
 // The dialogs of the main window, worked by the keyboard as a user does.
 #include "e2e/stage.h"
 
+#include <future>
+
 namespace nv::e2e
 {
 
@@ -201,9 +203,56 @@ TEST_F(Dialogs, OpenMenuAsksAboutChanges)
         ASSERT_TRUE(box) << program.OnScreen();
         EXPECT_EQ(box->text, "Do you want to save the changes you made to \n\n" + start + "?");
         ASSERT_TRUE(program.Answer(*box, answer));
-        EXPECT_TRUE(Gone(dialog)); // whatever came of it
-        EXPECT_TRUE(WaitForMenu(answer == std::string("No") ? other : start));
+        if (answer == std::string("Cancel")) { // stays
+            EXPECT_TRUE(WaitForFocus("Edit"));
+            EXPECT_EQ(program.Title(), TitleOf(start));
+            PressKey(VK_ESCAPE);
+        } else {
+            EXPECT_TRUE(WaitForMenu(other));
+        }
+        EXPECT_TRUE(Gone(dialog));
     }
+}
+
+// The system asks whether the session may end, which sends a message and waits.
+TEST_F(Dialogs, TheEndOfTheSessionAsksOnceWhateverIsShown)
+{
+    const std::string start = WriteMenu("Start.nvm", {{}, {}});
+    Program& program = Open(start);
+    const HWND window = program.Window();
+    const auto mayEnd = [window] { return SendMessageA(window, WM_QUERYENDSESSION, 0, 0) != 0; };
+    EXPECT_TRUE(mayEnd()); // nothing to save, nothing asked
+    PressKey('E', {VK_CONTROL});
+    EXPECT_TRUE(WaitForFocus("ListBox"));
+    PressKey(VK_DELETE);
+    for (const bool inDialog : {true, false}) {
+        const HWND dialog = inDialog ? OpenDialog("Open Menu", kOpenTitle) : nullptr;
+        auto answer = std::async(std::launch::async, mayEnd);
+        const auto box = program.WaitForBox();
+        ASSERT_TRUE(box) << program.OnScreen();
+        EXPECT_FALSE(mayEnd()); // is being asked already
+        if (inDialog) {
+            EXPECT_FALSE(IsWindowEnabled(dialog));
+            PostMessageA(dialog, WM_CLOSE, 0, 0);
+        }
+        PostMessageA(window, WM_CLOSE, 0, 0);
+        EXPECT_TRUE(program.Answers());
+        ASSERT_TRUE(program.Answer(*box, inDialog ? "Cancel" : "No"));
+        EXPECT_EQ(answer.get(), !inDialog);
+        EXPECT_FALSE(program.BoxNow());
+        if (inDialog) {
+            EXPECT_TRUE(IsWindowVisible(dialog));
+            PressKey(VK_ESCAPE);
+            ASSERT_TRUE(Gone(dialog)) << program.OnScreen();
+        }
+    }
+    SendMessageA(window, WM_ENDSESSION, TRUE, 0);
+    EXPECT_TRUE(Setting("StartSet", "MainLeft"));
+    PostMessageA(window, WM_CLOSE, 0, 0); // the session goes on after all
+    const auto box = program.WaitForBox();
+    ASSERT_TRUE(box) << program.OnScreen();
+    ASSERT_TRUE(program.Answer(*box, "No"));
+    EXPECT_EQ(program.ExitCode(), 0u);
 }
 
 TEST_F(Dialogs, OptionsKeepWhatAStartOpens)
