@@ -8,7 +8,9 @@ packages_run="cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-b
     wine wine64 fonts-wine fonts-liberation fonts-dejavu-core xvfb xdotool imagemagick"
 
 # To check and test it. locales, fonts-misaki: machines of other code pages, one of them Japanese.
-packages_test="$packages_run g++ g++-mingw-w64-i686-posix clang-format-14 locales fonts-misaki"
+# nsis: makes the installer.
+packages_test="$packages_run g++ g++-mingw-w64-i686-posix clang-format-14 locales fonts-misaki
+    nsis"
 
 # install_missing PACKAGE...: asks dpkg, not apt, so that it costs nothing when all are there.
 install_missing() {

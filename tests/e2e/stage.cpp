@@ -28,6 +28,7 @@ void CopyTo(const std::string& folder, const std::string& fromTests, const std::
 void ForgetRegistry()
 {
     RegDeleteTreeA(HKEY_CURRENT_USER, kSettingsKey);
+    RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\Belquin"); // if it is empty
     RegDeleteTreeA(HKEY_CLASSES_ROOT, ".NVM");
     RegDeleteTreeA(HKEY_CLASSES_ROOT, "Navrix Menu");
 }
@@ -52,6 +53,11 @@ std::string MenuOf(const std::vector<Entry>& entries)
         menu += LineOf(entry) + "\r\n";
     }
     return menu;
+}
+
+std::string Stage::FromTests(const std::string& name)
+{
+    return OwnFolder() + "\\" + name;
 }
 
 void Stage::SetUp()
