@@ -21,22 +21,6 @@ void Show(const std::string& text)
                 MB_OK | MB_SETFOREGROUND | MB_ICONEXCLAMATION);
 }
 
-// text with the values of the environment variables it names in %; unknown names stay.
-std::string ExpandVariables(const std::string& text)
-{
-    std::string expanded;
-    DWORD needed = static_cast<DWORD>(text.size() + 1);
-    // In double-byte code pages the system counts characters, of up to two bytes each.
-    while (needed * 2 > expanded.size()) {
-        expanded.resize(needed * 2);
-        needed = ExpandEnvironmentStringsA(text.c_str(), expanded.data(), needed * 2);
-    }
-    if (needed == 0) {
-        return text;
-    }
-    return expanded.c_str(); // the count may be more than the text has
-}
-
 // The show state that this process was started with.
 int StartedAs()
 {
@@ -49,7 +33,8 @@ int StartedAs()
 int Run()
 {
     const nv::CodePage codePage = nv::ProcessCodePage();
-    const std::string arguments = ExpandVariables(std::string(nv::ArgumentsOf(GetCommandLineA())));
+    const std::string arguments =
+        nv::ExpandVariables(std::string(nv::ArgumentsOf(GetCommandLineA())));
     nv::WinShell shell;
     nv::ShellExe shellExe(shell, nv::ProgramFolder());
     const nv::LaunchInfo info =

@@ -43,6 +43,7 @@ struct FileAttributes {
     bool exists = false; // of whatever kind, folders included
     bool folder = false;
     bool readOnly = false;
+    bool hidden = false; // from who looks at the folder: a file of the system, too
 };
 
 class Files
@@ -53,6 +54,9 @@ public:
     virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode,
                                        SystemError& error) = 0;
     virtual FileAttributes Attributes(const std::string& path) = 0;
+    // path from its drive on: one without that begins at the current folder. path itself when it
+    // is none.
+    virtual std::string FullPath(const std::string& path) = 0;
     // Names (without folder) of the files, not folders, that a listing of pattern yields, in its
     // order. The pattern may hold wildcards in its last part; hidden and system files count.
     // limit: as many as are wanted at most.

@@ -32,4 +32,19 @@ std::string ProgramFolder()
     return SplitPath(path, ProcessCodePage()).folder;
 }
 
+std::string ExpandVariables(const std::string& text)
+{
+    std::string expanded;
+    DWORD needed = static_cast<DWORD>(text.size() + 1);
+    // In double-byte code pages the system counts characters, of up to two bytes each.
+    while (needed * 2 > expanded.size()) {
+        expanded.resize(needed * 2);
+        needed = ExpandEnvironmentStringsA(text.c_str(), expanded.data(), needed * 2);
+    }
+    if (needed == 0) {
+        return text;
+    }
+    return expanded.c_str(); // the count may be more than the text has
+}
+
 } // namespace nv

@@ -23,4 +23,7 @@ private:
 // root.
 std::string ProgramFolder();
 
+// text with the values of the environment variables it names in %; unknown names stay.
+std::string ExpandVariables(const std::string& text);
+
 } // namespace nv

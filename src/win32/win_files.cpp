@@ -131,7 +131,20 @@ FileAttributes WinFiles::Attributes(const std::string& path)
     if (found == INVALID_FILE_ATTRIBUTES) {
         return {};
     }
-    return {true, (found & FILE_ATTRIBUTE_DIRECTORY) != 0, (found & FILE_ATTRIBUTE_READONLY) != 0};
+    return {true, (found & FILE_ATTRIBUTE_DIRECTORY) != 0, (found & FILE_ATTRIBUTE_READONLY) != 0,
+            (found & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0};
+}
+
+std::string WinFiles::FullPath(const std::string& path)
+{
+    std::string full(0x8000, '\0'); // longer than any path
+    const DWORD length =
+        GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    if (length == 0 || length >= full.size()) {
+        return path;
+    }
+    full.resize(length);
+    return full;
 }
 
 std::vector<std::string> WinFiles::List(const std::string& pattern, std::size_t limit)

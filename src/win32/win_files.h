@@ -12,6 +12,7 @@ public:
     // read: others may read and write the file meanwhile; change and the writing modes: read only.
     std::unique_ptr<File> Open(const std::string& path, OpenMode mode, SystemError& error) override;
     FileAttributes Attributes(const std::string& path) override;
+    std::string FullPath(const std::string& path) override;
     std::vector<std::string> List(const std::string& pattern, std::size_t limit) override;
     SystemError Replace(const std::string& from, const std::string& to) override;
     SystemError Remove(const std::string& path) override;

@@ -27,6 +27,8 @@ public:
         bool folder = false;
         bool readOnly = false;
         bool onDisk = true; // what was written stands on the disk, not only in memory
+        bool hidden = false;
+        std::string name = {}; // as it was put
     };
 
     // What goes wrong. Operations are those that report an error, counted from 1.
@@ -45,6 +47,7 @@ public:
     void Put(const std::string& path, const std::string& contents)
     {
         nodes_[UpperCase(path)] = Node{contents};
+        Find(path)->name = path.substr(path.rfind('\\') + 1);
     }
     Node* Find(const std::string& path)
     {
@@ -88,12 +91,21 @@ public:
     {
         const Node* node = Find(path);
         return node == nullptr ? FileAttributes{}
-                               : FileAttributes{true, node->folder, node->readOnly};
+                               : FileAttributes{true, node->folder, node->readOnly, node->hidden};
     }
 
-    // Knows no wildcards.
+    std::string FullPath(const std::string& path) override
+    {
+        return path.find(':') != std::string::npos ? path : "C:\\Here\\" + path;
+    }
+
+    // Of wildcards it knows one "*" that begins the name; only files that were put match it.
     std::vector<std::string> List(const std::string& path, std::size_t) override
     {
+        const auto star = path.find('*');
+        if (star != std::string::npos) {
+            return Matches(UpperCase(path.substr(0, star)), UpperCase(path.substr(star + 1)));
+        }
         const Node* node = Find(path);
         return std::vector<std::string>(node != nullptr && !node->folder ? 1 : 0,
                                         path.substr(path.rfind('\\') + 1));
@@ -201,6 +213,19 @@ private:
         std::string path_;
         std::size_t at_ = 0;
     };
+
+    std::vector<std::string> Matches(const std::string& folder, const std::string& ending) const
+    {
+        std::vector<std::string> names;
+        for (const auto& [key, node] : nodes_) {
+            const bool within =
+                key.starts_with(folder) && key.find('\\', folder.size()) == std::string::npos;
+            if (within && key.ends_with(ending) && !node.folder && !node.name.empty()) {
+                names.push_back(node.name);
+            }
+        }
+        return names;
+    }
 
     // Begins an operation; the error that is due in it.
     SystemError Step()
