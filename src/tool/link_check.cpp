@@ -1,0 +1,101 @@
+#include "tool/link_check.h"
+
+#include "docs/paths.h"
+#include "mainwindow/companion.h"
+#include "mainwindow/link_click.h"
+#include "tool/tool_text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace nv
+{
+
+namespace
+{
+
+// "https://example.com", "mailto:..." or "shell:startup": nothing that is looked for on a disk. The
+// name before the colon is longer than that of a drive.
+bool IsAddress(std::string_view target)
+{
+    const auto colon = target.find(':');
+    const auto isLetter = [](char ch) {
+        return (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z') || ch == '-' || ch == '+';
+    };
+    return colon != std::string_view::npos && colon >= 2 &&
+           std::all_of(target.begin(), target.begin() + static_cast<std::ptrdiff_t>(colon),
+                       isLetter);
+}
+
+} // namespace
+
+std::int32_t LookingShell::FindProgram(const std::string& file, const std::string& directory,
+                                       std::span<char> answer)
+{
+    const auto [at, isNew] = answers_.try_emplace(directory + '|' + file);
+    Answer& known = at->second;
+    if (isNew) {
+        known.result = shell_.FindProgram(file, directory, answer);
+        known.text.assign(answer.begin(), answer.end());
+    } else {
+        std::copy_n(known.text.begin(), std::min(known.text.size(), answer.size()), answer.begin());
+    }
+    return known.result;
+}
+
+LinkCheck::LinkCheck(Files& files, Shell& shell, std::string programFolder, CodePage codePage,
+                     Expand expand)
+    : files_(files), codePage_(codePage), expand_(std::move(expand)), shell_(shell),
+      shellExe_(shell_, std::move(programFolder))
+{
+}
+
+std::string LinkCheck::Finding(const std::string& command)
+{
+    if (const auto menu = MenuToOpen(shellExe_, 0, command)) {
+        return MenuFinding(*menu);
+    }
+    LaunchInfo info = shellExe_.LaunchCommand(0, command, "", false);
+    if (IsLauncherCommand(command)) {
+        const std::string text = expand_(info.arguments + info.switchText);
+        info = shellExe_.LaunchCommand(0, CompanionCommand(text, 1), "", false);
+    }
+    if (info.plainProgram.empty()) {
+        return "the link names nothing to run";
+    }
+    if (info.targetKind == TargetKind::notFound) {
+        return NotFound(info);
+    }
+    if (!info.workingDirectory.empty() && !files_.Attributes(info.workingDirectory).folder) {
+        return "the folder to start in is not found: " + Excerpt(info.workingDirectory, codePage_);
+    }
+    return {};
+}
+
+std::string LinkCheck::MenuFinding(const std::string& path)
+{
+    const FileAttributes attributes = files_.Attributes(path);
+    if (attributes.exists && !attributes.folder) {
+        return {};
+    }
+    return "the menu is not found: " + Excerpt(path, codePage_);
+}
+
+// No program was found for the target: the shell is then given the target alone, and there are some
+// that it opens by itself.
+std::string LinkCheck::NotFound(const LaunchInfo& info)
+{
+    const std::string& target = info.plainProgram;
+    const FileAttributes attributes = files_.Attributes(target);
+    if (attributes.folder || IsAddress(target)) {
+        return {};
+    }
+    if (!attributes.exists) {
+        return "the target is not found: " + Excerpt(target, codePage_);
+    }
+    const std::string extension = FileExtension(target);
+    const bool shortcut = extension == "LNK" || extension == "URL";
+    return shortcut ? "" : "no program opens files of this kind: " + Excerpt(target, codePage_);
+}
+
+} // namespace nv
