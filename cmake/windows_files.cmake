@@ -1,7 +1,7 @@
 # Writes <build>/windows_files.txt: the source files that may know the platform, one a line. To
 # tools/lint.sh every file that is not among them is rules.
 set(windows_files)
-foreach(target windows NVMenu NVSub)
+foreach(target windows NVMenu NVSub nvmtool)
   get_target_property(sources ${target} SOURCES)
   get_target_property(folder ${target} SOURCE_DIR)
   foreach(source IN LISTS sources)
