@@ -10,7 +10,8 @@ Unicode true
 !define PRODUCT "Navrix Menu"
 !define NOTES "Uninstall.ini" ; beside the program: when each menu was installed
 !define SETTINGS "Software\Belquin"
-!define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Navrix Menu"
+!define PROGRAMS "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+!define UNINSTALL "${PROGRAMS}\${PRODUCT}"
 
 Name "${PRODUCT}"
 OutFile "${OUT}"
@@ -133,4 +134,5 @@ Section Uninstall
   DeleteRegKey HKCU "${SETTINGS}\${PRODUCT}"
   DeleteRegKey /ifempty HKCU "${SETTINGS}"
   DeleteRegKey HKCU "${UNINSTALL}"
+  DeleteRegKey /ifempty HKCU "${PROGRAMS}" ; the first program of a user makes this key
 SectionEnd

@@ -12,7 +12,7 @@ namespace nv::e2e
 namespace
 {
 
-constexpr DWORD kSetupTime = 20000; // milliseconds
+constexpr DWORD kSetupTime = 60000; // milliseconds
 constexpr char kUninstall[] = R"(Software\Microsoft\Windows\CurrentVersion\Uninstall\Navrix Menu)";
 
 // Names and contents, of files or of registry values.
