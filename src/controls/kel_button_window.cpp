@@ -108,10 +108,8 @@ std::optional<LRESULT> KelButtonWindow::RouteInput(UINT message, WPARAM wParam, 
         }
         return 0;
     case WM_SETFOCUS:
-        SetLook({look_.hover, false, true});
-        return 0;
     case WM_KILLFOCUS:
-        SetLook({look_.hover, false, false});
+        OnFocus(message == WM_SETFOCUS);
         return 0;
     case WM_SETCURSOR:
         SetCursor(LoadCursorA(nullptr, button_.HandPointer() ? IDC_HAND : IDC_ARROW));
@@ -143,6 +141,15 @@ void KelButtonWindow::SetShownFont(const Font& font)
         SetWindowPos(Handle(), nullptr, 0, 0, pixels.right, pixels.bottom,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
+}
+
+// A dialog is told as it is by the platform's own buttons: it frames the one that Enter presses.
+void KelButtonWindow::OnFocus(bool focused)
+{
+    SetLook({look_.hover, false, focused});
+    SendMessageA(GetParent(Handle()), WM_COMMAND,
+                 MAKEWPARAM(GetDlgCtrlID(Handle()), focused ? BN_SETFOCUS : BN_KILLFOCUS),
+                 reinterpret_cast<LPARAM>(Handle()));
 }
 
 void KelButtonWindow::OnMouseMove()

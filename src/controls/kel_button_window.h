@@ -35,6 +35,7 @@ protected:
     AccessibleSource* Accessibility() override { return this; }
 
 private:
+    void OnFocus(bool focused);
     void OnMouseMove();
     void OnKey(WPARAM key, bool down);
     void SetLook(const ButtonLook& look);

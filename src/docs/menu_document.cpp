@@ -117,7 +117,7 @@ bool MenuDocument::CreateNewMenuFile(const std::string& path)
         const Answer answer = prompts_.Ask("File: " + path +
                                                " already exists.\n\n"
                                                "Do you want overwrite this file?",
-                                           PromptIcon::exclamation, PromptButtons::yesNo);
+                                           PromptIcon::exclamation, PromptButtons::noYes);
         if (answer != Answer::yes) {
             return false;
         }

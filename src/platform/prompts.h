@@ -6,7 +6,8 @@ namespace nv
 {
 
 enum class PromptIcon { none, stop, question, exclamation, information };
-enum class PromptButtons { ok, yesNo, yesNoCancel };
+// noYes: as yesNo, but the Enter key says No: for what cannot be taken back.
+enum class PromptButtons { ok, yesNo, noYes, yesNoCancel };
 enum class Answer { ok, yes, no, cancel };
 
 // The message boxes of the program. They carry the program's title.

@@ -95,6 +95,9 @@ void NVSupport::OnCommand(int control, int notification)
 {
     if (notification == EN_KILLFOCUS && IsCountBox(control)) {
         SetTextOf(Control(control), CountWhenLeft(TextOf(Control(control))));
+    } else if (notification == EN_SETFOCUS && control == IDC_TEXT4) {
+        // The Tab key would select the letter and scroll to its end.
+        PostMessageA(Control(IDC_TEXT4), EM_SETSEL, 0, 0);
     } else if (notification == BN_CLICKED && control == IDC_COMMAND1) {
         SendToClipboard();
     } else if (notification == BN_CLICKED && control == IDC_COMMAND3) {

@@ -65,8 +65,12 @@ INT_PTR FormDialog::Route(UINT message, WPARAM wParam, LPARAM)
 
 void FormDialog::OnControl(int control, int notification)
 {
-    const bool press =
-        notification == BN_CLICKED && (control == IDCANCEL || FindButton(control) != nullptr);
+    const bool ours = FindButton(control) != nullptr;
+    if (ours && notification != BN_CLICKED) {
+        RedrawFrames(); // the keyboard has come to it or left it
+        return;
+    }
+    const bool press = notification == BN_CLICKED && (control == IDCANCEL || ours);
     if (!press) {
         OnCommand(control, notification);
     } else if (!pressed_ && IsWindowEnabled(window_)) {
@@ -125,15 +129,35 @@ void FormDialog::OnPaint()
     }
 }
 
-void FormDialog::DrawFrame(Canvas& canvas, const KelButtonWindow& button) const
+RECT FormDialog::PlaceOf(const KelButtonWindow& button) const
 {
     RECT place = {};
     GetWindowRect(button.Handle(), &place);
     MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
-    const TwipRect area = ToTwips(place, services_.text.Scale());
+    return place;
+}
+
+void FormDialog::DrawFrame(Canvas& canvas, const KelButtonWindow& button) const
+{
+    const TwipRect area = ToTwips(PlaceOf(button), services_.text.Scale());
     PaintEdgeFrame(canvas, area, services_.text.Scale());
-    if (GetDlgCtrlID(button.Handle()) == IDOK) {
+    // Enter presses the button that has the keyboard, and from anything else the default one.
+    const HWND focus = GetFocus();
+    const bool onButton = std::any_of(buttons_.begin(), buttons_.end(), [focus](const auto& each) {
+        return each->Handle() == focus;
+    });
+    if (onButton ? button.Handle() == focus : GetDlgCtrlID(button.Handle()) == IDOK) {
         PaintDefaultFrame(canvas, area, services_.text.Scale());
+    }
+}
+
+void FormDialog::RedrawFrames()
+{
+    constexpr int kFrames = 2; // pixels around a button
+    for (const auto& button : buttons_) {
+        RECT place = PlaceOf(*button);
+        InflateRect(&place, kFrames, kFrames);
+        InvalidateRect(window_, &place, TRUE);
     }
 }
 

@@ -69,6 +69,8 @@ private:
     void OnPaint();
     KelButtonWindow* FindButton(int id) const;
     void CentreOnOwner();
+    RECT PlaceOf(const KelButtonWindow& button) const;
+    void RedrawFrames();
     void DrawFrame(Canvas& canvas, const KelButtonWindow& button) const;
 
     int templateId_;

@@ -28,6 +28,8 @@ UINT ButtonsFlag(PromptButtons buttons)
     switch (buttons) {
     case PromptButtons::yesNo:
         return MB_YESNO;
+    case PromptButtons::noYes:
+        return MB_YESNO | MB_DEFBUTTON2;
     case PromptButtons::yesNoCancel:
         return MB_YESNOCANCEL;
     case PromptButtons::ok:

@@ -126,6 +126,8 @@ TEST_F(Dialogs, OpenAndCreateMenus)
             EXPECT_EQ(message->icon, shown.icon);
             EXPECT_EQ(message->title, kPlainTitle);
             EXPECT_EQ(message->buttons.size(), shown.answer == std::string("OK") ? 1u : 2u);
+            // What would empty a menu is not done by the Enter key.
+            EXPECT_EQ(message->defaultButton == "No", shown.text == overwrite);
             ASSERT_TRUE(program.Answer(*message, shown.answer));
         }
         if (!each.opened.empty()) {

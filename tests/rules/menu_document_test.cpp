@@ -172,7 +172,7 @@ TEST(MenuDocument, CreatesAMenuOverAnotherOnlyWhenAsked)
 {
     const Shown question{std::string("File: ") + kOther +
                              " already exists.\n\nDo you want overwrite this file?",
-                         PromptIcon::exclamation, PromptButtons::yesNo};
+                         PromptIcon::exclamation, PromptButtons::noYes};
     Desk desk;
     for (const Answer answer : {Answer::no, Answer::cancel, Answer::yes}) {
         EXPECT_EQ(desk.files.Contents(kOther), "other\r\n");
