@@ -2,10 +2,10 @@
 # To be sourced by run.sh and test.sh.
 
 # To build and run the program. googletest: the windows preset configures its tests as well.
-# librsvg2-bin, icoutils: draw the icons.
+# librsvg2-bin, icoutils: draw the icons. halibut: makes the help.
 # fonts-liberation, fonts-dejavu-core: stand in for faces that Windows has (tools/wine.reg).
 packages_run="cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin icoutils
-    wine wine64 fonts-wine fonts-liberation fonts-dejavu-core xvfb xdotool imagemagick"
+    halibut wine wine64 fonts-wine fonts-liberation fonts-dejavu-core xvfb xdotool imagemagick"
 
 # To check and test it. locales, fonts-misaki: machines of other code pages, one of them Japanese.
 # nsis: makes the installer.
