@@ -76,9 +76,10 @@ bool Available(Command command, const Facts& facts)
     case Command::options:
     case Command::openMenu:
     case Command::newMenu:
+    case Command::helpPages: // a browser leads anywhere
         return !facts.locked;
     case Command::help:
-        return false; // what it shows does not exist yet
+        return true;
     }
     return false;
 }

@@ -27,6 +27,7 @@ enum class Command {
     setHome,
     undo,
     redo,
+    helpPages, // the help in a browser, by the key F1
 };
 
 // What decides whether a command is to be had.

@@ -1,7 +1,9 @@
 #include "mainwindow/form1.h"
 
 #include "docs/menu_line.h"
+#include "docs/paths.h"
 #include "mainwindow/command_line.h"
+#include "mainwindow/help.h"
 #include "mainwindow/link_click.h"
 #include "resource.h"
 #include "support/nv_support.h"
@@ -34,6 +36,16 @@ HICON ProgramIcon()
     return LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_APP));
 }
 
+// The help context number of a window or else of what it stands in; 0: none.
+std::uint32_t HelpContextAt(HWND window)
+{
+    DWORD context = 0;
+    for (; window != nullptr && context == 0; window = GetParent(window)) {
+        context = GetWindowContextHelpId(window);
+    }
+    return context;
+}
+
 BOOL CALLBACK AddWorkArea(HMONITOR monitor, HDC, LPRECT, LPARAM areas)
 {
     MONITORINFO info = {};
@@ -61,7 +73,7 @@ std::vector<TwipRect> WorkAreas()
 
 Form1::Form1(MessagePump& pump, std::string programFolder, const Version& version,
              std::string supportAddress)
-    : pump_(pump), programFolder_(std::move(programFolder)),
+    : pump_(pump), programFolder_(std::move(programFolder)), helpFile_(HelpFile(programFolder_)),
       title_(WindowTitle(version.major, version.minor, version.revision)),
       supportAddress_(std::move(supportAddress)), scale_(PrimaryScreenScale()),
       text_(scale_, ProcessCodePage()), pictures_(scale_), comDial_(programFolder_),
@@ -141,6 +153,9 @@ bool Form1::CreateWindows()
         !panel_.Create(Handle())) {
         return false;
     }
+    SetWindowContextHelpId(Handle(), kHelpOnMenus);
+    SetWindowContextHelpId(view_.Handle(), kHelpOnMenus);
+    SetWindowContextHelpId(panel_.Handle(), kHelpOnEditing);
     formFonts_.SetFormFonts(Handle());
     panel_.FitFonts();
     return true;
@@ -195,6 +210,7 @@ void Form1::StorePlacement()
 void Form1::OnDestroy()
 {
     StorePlacement();
+    helpViewer_.Quit(Handle());
     minTrack_.reset();
     prompts_.SetOwner(nullptr);
     pump_.EndWork();
@@ -308,6 +324,10 @@ void Form1::Run(Command command)
         WhenLoaded([this] { ShowOptions(); });
         break;
     case Command::help:
+        WhenLoaded([this] { ShowHelp(); });
+        break;
+    case Command::helpPages:
+        ShowHelpPage(); // at once: a dialog may be shown
         break;
     }
 }
@@ -333,6 +353,32 @@ void Form1::ShowSupport(HWND owner)
 {
     NVSupport({text_, pictures_, formFonts_, prompts_}, files_, comDial_, supportAddress_, title_)
         .ShowModal(owner);
+}
+
+void Form1::ShowHelp()
+{
+    if (helpFile_.empty()) {
+        prompts_.Ask(kNoHelp, PromptIcon::information, PromptButtons::ok);
+        return;
+    }
+    const bool editorAlone = mode_ == Mode::edit;
+    if (const SystemError error =
+            helpViewer_.ShowKeyword(Handle(), helpFile_, HelpKeyword(editorAlone))) {
+        prompts_.Ask(files_.Describe(error), PromptIcon::none, PromptButtons::ok);
+    }
+}
+
+void Form1::ShowHelpPage()
+{
+    const std::string page = HelpPage(programFolder_, HelpContextAt(GetFocus()));
+    const bool there = FileExists(files_, page);
+    ShellStartRequest request;
+    request.owner = reinterpret_cast<WindowHandle>(prompts_.Owner());
+    request.verb = "open";
+    request.file = page;
+    if (!there || shell_.StartByShell(request) <= kLastShellFailure) {
+        prompts_.Ask(NoHelpPageText(page, there), PromptIcon::exclamation, PromptButtons::ok);
+    }
 }
 
 void Form1::Back()

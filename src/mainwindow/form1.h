@@ -13,6 +13,7 @@
 #include "system/form_fonts.h"
 #include "system/regis.h"
 #include "win32/gdi_text.h"
+#include "win32/help_viewer.h"
 #include "win32/message_boxes.h"
 #include "win32/message_pump.h"
 #include "win32/pictures.h"
@@ -79,6 +80,9 @@ private:
     void ShowOpenMenu(bool create);
     void ShowOptions();
     void ShowSupport(HWND owner);
+    // The help: in the viewer of help files; as pages in the browser. May re-enter.
+    void ShowHelp();
+    void ShowHelpPage();
     void Back();
     void Revert();
     void Normal();
@@ -112,6 +116,7 @@ private:
 
     MessagePump& pump_;
     std::string programFolder_;
+    std::string helpFile_;
     std::string title_;
     std::string supportAddress_;
     ScreenScale scale_;
@@ -123,6 +128,7 @@ private:
     GdiText text_;
     Pictures pictures_;
     ComDial comDial_;
+    HelpViewer helpViewer_;
     ShellExe shellExe_;
     LinkPictures linkPictures_;
     MenuDocument document_;

@@ -74,6 +74,9 @@ std::optional<LRESULT> Form1::Route(UINT message, WPARAM wParam, LPARAM lParam)
             return 0;
         }
         return std::nullopt;
+    case WM_HELP: // the key F1, here or in a dialog
+        Run(Command::helpPages);
+        return TRUE;
     case WM_ACTIVATE:
         OnActivate(LOWORD(wParam) != WA_INACTIVE);
         return std::nullopt;

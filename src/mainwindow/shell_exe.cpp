@@ -20,8 +20,6 @@ constexpr std::size_t kAnswerField = 255;
 constexpr std::size_t kLongestFile = 259;
 // A process is not given more; some systems start it with what is left after cutting.
 constexpr std::size_t kLongestCommandLine = 32766;
-// Results of the shell up to this one are failures.
-constexpr std::int32_t kLastShellFailure = 32;
 
 // What every process of a link is created with. The size is that of no real record; the system does
 // not look at it.

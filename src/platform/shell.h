@@ -15,6 +15,9 @@ using WindowHandle = std::uintptr_t;
 // How a started program shows its window; the values are the platform's own.
 enum class ShowMode : int { normal = 1, minimized = 2, maximized = 3 };
 
+// Results of the shell up to this one are failures.
+inline constexpr std::int32_t kLastShellFailure = 32;
+
 struct ShellStartRequest {
     WindowHandle owner = 0;
     std::string verb;

@@ -10,17 +10,9 @@ namespace
 
 constexpr char kSettingsKey[] = "Software\\Belquin\\Navrix Menu";
 
-std::string OwnFolder()
-{
-    char path[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, path, sizeof path);
-    const std::string whole = path;
-    return whole.substr(0, whole.rfind('\\'));
-}
-
 void CopyTo(const std::string& folder, const std::string& fromTests, const std::string& name)
 {
-    const std::string source = OwnFolder() + "\\" + fromTests;
+    const std::string source = FromTests(fromTests);
     ASSERT_TRUE(CopyFileA(source.c_str(), (folder + "\\" + name).c_str(), TRUE)) << source;
 }
 
@@ -34,6 +26,14 @@ void ForgetRegistry()
 }
 
 } // namespace
+
+std::string FromTests(const std::string& path)
+{
+    char own[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, own, sizeof own);
+    const std::string whole = own;
+    return whole.substr(0, whole.rfind('\\') + 1) + path;
+}
 
 std::string LineOf(const Entry& entry)
 {

@@ -13,10 +13,10 @@ namespace
 TEST(Commands, AreToBeHadByTheFacts)
 {
     using List = std::vector<Command>;
-    const List always = {Command::back};
-    const List withMenu = {Command::back, Command::revert, Command::home};
-    const List noMenu = {Command::back, Command::normal, Command::options, Command::openMenu,
-                         Command::newMenu};
+    const List always = {Command::back, Command::help};
+    const List withMenu = {Command::back, Command::help, Command::revert, Command::home};
+    const List noMenu = {Command::back,     Command::help,    Command::helpPages, Command::normal,
+                         Command::openMenu, Command::newMenu, Command::options};
     List run = noMenu;
     run.insert(run.end(), {Command::revert, Command::home, Command::edit, Command::saveMenu,
                            Command::setHome});
@@ -38,7 +38,7 @@ TEST(Commands, AreToBeHadByTheFacts)
         {"editing, were it locked", {true, true, true, true, true, true, true, true}, withMenu},
     };
     for (const auto& each : cases) {
-        for (int command = 0; command <= static_cast<int>(Command::redo); ++command) {
+        for (int command = 0; command <= static_cast<int>(Command::helpPages); ++command) {
             const bool wanted = std::count(each.available.begin(), each.available.end(),
                                            static_cast<Command>(command)) != 0;
             EXPECT_EQ(Available(static_cast<Command>(command), each.facts), wanted)

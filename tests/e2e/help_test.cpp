@@ -1,0 +1,243 @@
+// The help: what the viewer of help files is asked for, the pages for a browser, and that the file
+// that was made has what the viewer is asked for.
+#include "e2e/stage.h"
+
+#include <cstring>
+#include <utility>
+
+namespace nv::e2e
+{
+
+// Stands in for the viewer of help files: gets what programs ask of it, and takes it or not.
+class FakeViewer
+{
+public:
+    explicit FakeViewer(bool takes = true) : takes_(takes)
+    {
+        EXPECT_EQ(FindWindowA(kClass, nullptr), nullptr) << "a real viewer runs";
+        WNDCLASSA windowClass = {};
+        windowClass.lpfnWndProc = Procedure;
+        windowClass.lpszClassName = kClass;
+        RegisterClassA(&windowClass);
+        window_ = CreateWindowA(kClass, "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, this);
+        SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    }
+    ~FakeViewer() { DestroyWindow(window_); }
+    FakeViewer(const FakeViewer&) = delete;
+    FakeViewer& operator=(const FakeViewer&) = delete;
+
+    struct Request {
+        WORD command = 0;
+        std::string file;
+        std::string keyword;
+    };
+    // The request that has come since the last call; its command is 0 when none came.
+    Request WaitForRequest()
+    {
+        EXPECT_TRUE(Until([this] {
+            MSG message;
+            PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE); // lets what was sent through
+            return request_.command != 0;
+        }));
+        return std::exchange(request_, {});
+    }
+
+    static constexpr char kClass[] = "MS_WINHELP";
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+    {
+        if (message != WM_COPYDATA) {
+            return DefWindowProcA(window, message, wParam, lParam);
+        }
+        auto* self = reinterpret_cast<FakeViewer*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+        const auto& data = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+        const auto* bytes = static_cast<const char*>(data.lpData);
+        // WORD size, command; two LONGs; WORD where the file and the data begin, 0 for none.
+        const auto word = [bytes](std::size_t at) {
+            WORD value = 0;
+            std::memcpy(&value, bytes + at, sizeof value);
+            return value;
+        };
+        const auto text = [&](std::size_t at) { return word(at) != 0 ? bytes + word(at) : ""; };
+        self->request_ = {word(2), text(12), text(14)};
+        return self->takes_;
+    }
+
+    bool takes_;
+    HWND window_ = nullptr;
+    Request request_;
+};
+
+// Makes a command the browser, for as long as this lives.
+class FakeBrowser
+{
+public:
+    explicit FakeBrowser(const std::string& command) : before_(Default(".html"))
+    {
+        SetDefault("navrix.page\\shell\\open\\command", command);
+        SetDefault(".html", "navrix.page");
+    }
+    ~FakeBrowser()
+    {
+        SetDefault(".html", before_);
+        RegDeleteTreeA(HKEY_CLASSES_ROOT, "navrix.page");
+    }
+    FakeBrowser(const FakeBrowser&) = delete;
+    FakeBrowser& operator=(const FakeBrowser&) = delete;
+
+private:
+    static std::string Default(const char* key)
+    {
+        char value[260] = "";
+        DWORD size = sizeof value;
+        RegGetValueA(HKEY_CLASSES_ROOT, key, "", RRF_RT_REG_SZ, nullptr, value, &size);
+        return value;
+    }
+    static void SetDefault(const char* key, const std::string& value)
+    {
+        EXPECT_EQ(RegSetKeyValueA(HKEY_CLASSES_ROOT, key, "", REG_SZ, value.c_str(),
+                                  static_cast<DWORD>(value.size() + 1)),
+                  ERROR_SUCCESS);
+    }
+
+    std::string before_;
+};
+
+class Help : public Stage
+{
+protected:
+    // Whether the page was opened, and nothing else.
+    bool Opens(const std::string& page)
+    {
+        PressKey(VK_F1);
+        const auto record = WaitForRecord();
+        return !record.empty() && record[0].find("Help\\" + page + '"') != std::string::npos;
+    }
+    bool HasFocus(const std::string& expected)
+    {
+        return Until([&] { return Running().Focus() == expected; });
+    }
+};
+
+TEST_F(Help, AsksTheViewerForAKeyword)
+{
+    const std::string menu = WriteMenu("Start.nvm", {});
+    for (const bool locked : {false, true}) {
+        FakeViewer viewer;
+        Program& program = Start('"' + menu + '"' + (locked ? " /l" : ""));
+        ASSERT_TRUE(WaitUntilLoaded(menu));
+        for (const char* keyword : {"Navrix Main Menu", "Menu Edit"}) {
+            ASSERT_TRUE(ClickButton("Help"));
+            const auto request = viewer.WaitForRequest();
+            EXPECT_EQ(request.command, HELP_KEY);
+            EXPECT_EQ(request.file, Path("NVMENU.HLP"));
+            EXPECT_EQ(request.keyword, locked ? "Navrix Main Menu" : keyword);
+            ClickButton("Edit"); // disabled in locked mode
+        }
+        PostMessageA(program.Window(), WM_CLOSE, 0, 0);
+        const auto request = viewer.WaitForRequest();
+        EXPECT_EQ(request.command, HELP_QUIT);
+        EXPECT_EQ(request.file, Path("NVMENU.HLP"));
+        EXPECT_EQ(program.ExitCode(), 0u);
+    }
+}
+
+TEST_F(Help, TellsThatTheViewerRefuses)
+{
+    FakeViewer viewer(false);
+    Program& program = Open(WriteMenu("Start.nvm", {}));
+    ASSERT_TRUE(ClickButton("Help"));
+    EXPECT_EQ(viewer.WaitForRequest().command, HELP_KEY);
+    const auto box = program.WaitForBox();
+    ASSERT_TRUE(box);
+    char reason[256] = "";
+    FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS |
+                       FORMAT_MESSAGE_MAX_WIDTH_MASK,
+                   nullptr, ERROR_CAN_NOT_COMPLETE, 0, reason, sizeof reason, nullptr);
+    EXPECT_EQ(box->text + " ", reason);
+    EXPECT_EQ(box->icon, BoxIcon::none);
+    EXPECT_TRUE(program.Answer(*box, "OK"));
+    PostMessageA(program.Window(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(viewer.WaitForRequest().command, HELP_QUIT);
+    EXPECT_EQ(program.ExitCode(), 0u);
+}
+
+TEST_F(Help, OpensPagesInTheBrowser)
+{
+    const FakeBrowser browser('"' + Path("recorder.exe") + "\" \"%1\"");
+    Program& program = Open(WriteMenu("Start.nvm", {}));
+    PressKey(VK_F1);
+    const auto box = program.WaitForBox();
+    ASSERT_TRUE(box) << program.OnScreen();
+    EXPECT_EQ(box->text, "The help cannot be shown:\n\n" + Path("Help\\index.html") +
+                             "\n\nThis page is missing. The folder \"Help\" belongs beside the "
+                             "program.");
+    EXPECT_EQ(box->icon, BoxIcon::exclamation);
+    ASSERT_TRUE(program.Answer(*box, "OK"));
+
+    ASSERT_TRUE(CreateDirectoryA(Path("Help").c_str(), nullptr));
+    Write("Help\\index.html", "");
+    Write("Help\\editing.html", "");
+    EXPECT_TRUE(HasFocus("NavrixMenuView"));
+    EXPECT_TRUE(Opens("index.html"));
+    PressKey('E', {VK_CONTROL});
+    EXPECT_TRUE(HasFocus("ListBox"));
+    EXPECT_TRUE(Opens("editing.html"));
+    ASSERT_TRUE(ClickButton("Options"));
+    const HWND options = program.WaitForDialog("Options");
+    EXPECT_TRUE(HasFocus("Button"));
+    EXPECT_TRUE(Opens("index.html"));
+    PressKey(VK_ESCAPE);
+    EXPECT_TRUE(Until([&] { return IsWindow(options) == FALSE; }));
+
+    const std::string other = WriteMenu("Locked.nvm", {{kLink, "One", Recorder("one")}});
+    Start('"' + other + "\" /l");
+    ASSERT_TRUE(WaitUntilLoaded(other));
+    EXPECT_TRUE(HasFocus("NavrixMenuView"));
+    PressKey(VK_F1);
+    PressKey(VK_RETURN);
+    const auto record = WaitForRecord(); // F1 would have been the first
+    ASSERT_FALSE(record.empty());
+    EXPECT_EQ(record[0].substr(record[0].rfind(' ') + 1), "one");
+}
+
+// The file that was made, in a viewer that reads such files.
+TEST_F(Help, FileHasTheKeywords)
+{
+    const struct {
+        const char* keyword;
+        std::string chapter;
+    } cases[] = {{"Navrix Main Menu", "Chapter 1: First steps"},
+                 {"Menu Edit", "Chapter 3: Editing menus"}};
+    constexpr int kIndexButton = 501;
+    constexpr int kKeywords = 337;
+    ASSERT_EQ(FindWindowA(FakeViewer::kClass, nullptr), nullptr) << "another viewer runs";
+    const Program viewer("winhlp32.exe \"" + FromTests(HELP_FROM_TESTS) + '"');
+    HWND window = nullptr;
+    ASSERT_TRUE(Until([&] {
+        window = FindWindowA(FakeViewer::kClass, nullptr);
+        return IsWindowVisible(window);
+    }));
+    EXPECT_EQ(TextOf(window).rfind("Navrix Menu Help", 0), 0u) << TextOf(window);
+    for (const auto& each : cases) {
+        PostMessageA(window, WM_COMMAND, kIndexButton, 0);
+        HWND index = nullptr;
+        HWND list = nullptr;
+        ASSERT_TRUE(Until([&] {
+            index = FindWindowA("#32770", ("Help topics: " + TextOf(window)).c_str());
+            list = GetDlgItem(FindWindowExA(index, nullptr, "#32770", nullptr), kKeywords);
+            return SendMessageA(list, LB_GETCOUNT, 0, 0) > 0;
+        }));
+        const auto item = SendMessageA(list, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                       reinterpret_cast<LPARAM>(each.keyword));
+        ASSERT_GE(item, 0) << each.keyword << " is no keyword";
+        SendMessageA(list, LB_SETCURSEL, static_cast<WPARAM>(item), 0);
+        PostMessageA(index, WM_COMMAND, IDOK, 0);
+        const HWND text = FindWindowExA(window, nullptr, "RichEdit20A", nullptr);
+        EXPECT_TRUE(Until([&] { return TextOf(text).rfind(each.chapter, 0) == 0; }))
+            << TextOf(text);
+    }
+}
+
+} // namespace nv::e2e
