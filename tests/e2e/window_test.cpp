@@ -39,6 +39,8 @@ protected:
     // Starts the program with the first menu in its folder.
     Program& StartWith(const std::string& arguments)
     {
+        // That of a start before would say that this one is done.
+        SetSetting("Settings", "Last", "");
         Program& program = Start(arguments);
         EXPECT_TRUE(WaitUntilLoaded(start_));
         return program;
