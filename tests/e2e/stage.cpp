@@ -55,11 +55,6 @@ std::string MenuOf(const std::vector<Entry>& entries)
     return menu;
 }
 
-std::string Stage::FromTests(const std::string& name)
-{
-    return OwnFolder() + "\\" + name;
-}
-
 void Stage::SetUp()
 {
     folder_ = scratch_ / folder_;

@@ -49,8 +49,6 @@ protected:
     // Expects a program that still runs to close at once with exit code 0.
     void TearDown() override;
 
-    // The path of a file that is named from where the tests stand.
-    static std::string FromTests(const std::string& name);
     const std::string& Folder() const { return folder_; }
     std::string Path(const std::string& name) const { return folder_ + "\\" + name; }
     // Writes a file in the folder; its path.
