@@ -1,5 +1,5 @@
 # The packages of Debian 12 that this project needs, and the one way they get installed.
-# To be sourced by run.sh and test.sh.
+# To be sourced by the scripts that need them.
 
 # To build and run the program. googletest: the windows preset configures its tests as well.
 # librsvg2-bin, icoutils: draw the icons. halibut: makes the help.
@@ -7,10 +7,11 @@
 packages_run="cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin icoutils
     halibut wine wine64 fonts-wine fonts-liberation fonts-dejavu-core xvfb xdotool imagemagick"
 
+# To pack it. nsis: makes the installer.
+packages_package="$packages_run nsis"
+
 # To check and test it. locales, fonts-misaki: machines of other code pages, one of them Japanese.
-# nsis: makes the installer.
-packages_test="$packages_run g++ g++-mingw-w64-i686-posix clang-format-14 locales fonts-misaki
-    nsis"
+packages_test="$packages_package g++ g++-mingw-w64-i686-posix clang-format-14 locales fonts-misaki"
 
 # install_missing PACKAGE...: asks dpkg, not apt, so that it costs nothing when all are there.
 install_missing() {
