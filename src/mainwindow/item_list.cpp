@@ -3,6 +3,7 @@
 #include "platform/ansi_text.h"
 
 #include <algorithm>
+#include <windowsx.h>
 
 namespace nv
 {
@@ -13,6 +14,13 @@ namespace
 // More than a line of any screen shows.
 constexpr std::size_t kLongestText = 1000;
 constexpr int kPadding = 2; // pixels beside and between the texts
+
+// Where on the screen the mouse was when the message came that is being handled.
+POINT MessagePoint()
+{
+    const auto at = static_cast<LPARAM>(GetMessagePos());
+    return {GET_X_LPARAM(at), GET_Y_LPARAM(at)};
+}
 
 } // namespace
 
@@ -130,9 +138,11 @@ UINT ItemList::DragMessage()
 LRESULT ItemList::OnDrag(const DRAGLISTINFO& info)
 {
     // Asked also for its scrolling, which it does while the mouse is held above or below the list.
-    const int under = LBItemFromPt(list_, info.ptCursor, info.uNotification == DL_DRAGGING);
+    int under = LBItemFromPt(list_, info.ptCursor, info.uNotification == DL_DRAGGING);
     switch (info.uNotification) {
     case DL_BEGINDRAG:
+        // A quick mouse has left the entry by now: it is the one that was pressed.
+        under = LBItemFromPt(list_, MessagePoint(), FALSE);
         dragged_ = under < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(under));
         return dragged_.has_value();
     case DL_DRAGGING: {

@@ -10,7 +10,14 @@ namespace
 {
 
 constexpr char kOpenTitle[] = "Open Navrix Menu";
-enum Control { kOpenExisting = 201, kCreateNew, kPath, kBrowse, kFirstChoice = 211 };
+enum Control {
+    kOpenExisting = 201,
+    kCreateNew,
+    kPath,
+    kBrowse,
+    kFirstChoice = 211,
+    kItemList = 301
+};
 
 bool IsChecked(HWND dialog, int id)
 {
@@ -29,6 +36,15 @@ protected:
         const HWND dialog = Running().WaitForDialog(title);
         EXPECT_NE(dialog, nullptr) << Running().OnScreen();
         return dialog;
+    }
+    // Of two, in edit mode.
+    void RemoveAnEntry()
+    {
+        PressKey('E', {VK_CONTROL});
+        EXPECT_TRUE(WaitForFocus("ListBox"));
+        PressKey(VK_DELETE);
+        EXPECT_TRUE(Until(
+            [this] { return SendMessageA(Running().Control(kItemList), LB_GETCOUNT, 0, 0) == 1; }));
     }
     bool WaitForFocus(const std::string& focus)
     {
@@ -194,9 +210,7 @@ TEST_F(Dialogs, OpenMenuAsksAboutChanges)
     const std::string start = WriteMenu("Start.nvm", {{}, {}});
     const std::string other = WriteMenu("Other.nvm", {});
     Program& program = Open(start);
-    PressKey('E', {VK_CONTROL});
-    EXPECT_TRUE(WaitForFocus("ListBox"));
-    PressKey(VK_DELETE);
+    RemoveAnEntry();
     for (const char* answer : {"Cancel", "No"}) {
         const HWND dialog = OpenDialog("Open Menu", kOpenTitle);
         SetDlgItemTextA(dialog, kPath, other.c_str());
@@ -224,9 +238,7 @@ TEST_F(Dialogs, TheEndOfTheSessionAsksOnceWhateverIsShown)
     const HWND window = program.Window();
     const auto mayEnd = [window] { return SendMessageA(window, WM_QUERYENDSESSION, 0, 0) != 0; };
     EXPECT_TRUE(mayEnd()); // nothing to save, nothing asked
-    PressKey('E', {VK_CONTROL});
-    EXPECT_TRUE(WaitForFocus("ListBox"));
-    PressKey(VK_DELETE);
+    RemoveAnEntry();
     for (const bool inDialog : {true, false}) {
         const HWND dialog = inDialog ? OpenDialog("Open Menu", kOpenTitle) : nullptr;
         auto answer = std::async(std::launch::async, mayEnd);
