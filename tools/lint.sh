@@ -36,6 +36,13 @@ complain 'Rules that include a header of windows' < <(
 complain 'Headers that are too big for the program' < <(
     grep -nE '^\s*#\s*include\s*<(iostream|fstream|sstream|iomanip|filesystem|regex)>' "${sources[@]}")
 
+# cppcheckError: it gives up on single expressions, which says nothing of the code. passedByValue: what
+# is passed may change meanwhile, or is moved.
+complain 'What cppcheck finds in the rules' < <(
+    cppcheck -q --std=c++20 --language=c++ -I src --enable=warning,performance,portability \
+        --suppress=cppcheckError --suppress=passedByValue --suppress=missingIncludeSystem \
+        "${rules[@]}" 2>&1)
+
 # One sample line: 3><CAPTION>Notepad</CAPTION> <LINK>notepad.exe</LINK> <FONTNAME>Tahoma ...
 value='[^\x00-\x08\x0a-\x1f]'
 flag='(True|False)'
@@ -55,11 +62,17 @@ complain 'Links to menus that do not exist' < <(
 complain 'Menus beside Start.nvm' < <(
     for menu in menus/*.nvm; do [ "$menu" = menus/Start.nvm ] || echo "$menu"; done)
 
+# Texts are bytes in the code page. Messages are taken wide, or typed characters of two bytes fall apart
+# (win32/message_pump); a console is written to in characters; the last two are the C run-time's own.
+wide='DispatchMessage|GetMessage|IsDialogMessage|PeekMessage|WriteConsole|GetModuleHandle|LoadLibrary'
 system_dlls='kernel32|user32|gdi32|advapi32|shell32|comctl32|comdlg32|ole32|oleaut32|oleacc|msvcrt'
 for program in build/windows{,32}/program/*.exe; do
     complain "$program needs more than the system has" < <(
         x86_64-w64-mingw32-objdump -p "$program" | sed -n 's/.*DLL Name: //p' |
             grep -vixE "($system_dlls)\.dll")
+    complain "$program calls functions for wide characters" < <(
+        x86_64-w64-mingw32-objdump -p "$program" | awk '$1 ~ /^[0-9a-f]+$/ && NF == 3 { print $3 }' |
+            grep -E '[a-z]W$' | grep -vxE "($wide)W")
     complain "$program is too big" < <(find "$program" -size +999999c)
 done
 exit $wrong

@@ -11,7 +11,8 @@ packages_run="cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-b
 packages_package="$packages_run nsis"
 
 # To check and test it. locales, fonts-misaki: machines of other code pages, one of them Japanese.
-packages_test="$packages_package g++ g++-mingw-w64-i686-posix clang-format-14 locales fonts-misaki"
+packages_test="$packages_package g++ g++-mingw-w64-i686-posix clang-format-14 cppcheck
+    locales fonts-misaki"
 
 # install_missing PACKAGE...: asks dpkg, not apt, so that it costs nothing when all are there.
 install_missing() {
