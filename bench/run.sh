@@ -2,6 +2,10 @@
 # Builds the benchmarks, runs them all and prints a table of figures. See README.md.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+. tools/packages.sh
+# The list is words on purpose.
+# shellcheck disable=SC2086
+install_missing $packages_bench
 native=$PWD/build/bench
 windows=$PWD/build/bench-windows
 

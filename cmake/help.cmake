@@ -28,5 +28,11 @@ add_custom_command(
   DEPENDS ${help_sources} ${help_extras} "${CMAKE_CURRENT_LIST_FILE}"
   COMMENT "Making the pages of the help"
   VERBATIM)
+# The names of all that stands in the folder Help.
+set(help_names index.html keywords.html)
+foreach(file IN LISTS help_pages help_extras)
+  cmake_path(GET file FILENAME name)
+  list(APPEND help_names ${name})
+endforeach()
 add_custom_target(help_files ALL DEPENDS "${program_dir}/NVMENU.HLP" "${program_dir}/Help/index.html")
 add_dependencies(program help_files)

@@ -1,6 +1,6 @@
 ; The installer: for the user who runs it, without administrator rights. /S installs without a
 ; question, /D=FOLDER (the last argument, never quoted) names the folder.
-; Exit codes: 0 done, 1 cancelled, 2 Navrix Menu is running.
+; Exit codes: 0 done, 1 cancelled, 2 Navrix Menu is running, 3 the folder cannot be used.
 Target amd64-unicode
 Unicode true
 !include MUI2.nsh
@@ -87,7 +87,29 @@ FunctionEnd
   ${EndIf}
 !macroend
 
+; The program is one of the ANSI code page: it cannot live below a name that this does not have. And
+; what stands in the folder of another program stays as it is.
+Function CheckFolder
+  System::Call 'kernel32::WideCharToMultiByte(i 0, i 0x400, w "$INSTDIR", i -1, p 0, i 0, p 0, *i .r1)'
+  ${If} $1 != 0
+    StrCpy $0 "The name of this folder has letters that the language of Windows for older programs \
+does not have. Please choose another folder."
+  ${ElseIfNot} ${FileExists} "$INSTDIR\NVMenu.exe"
+  ${AndIf} ${FileExists} "$INSTDIR\Uninstall.exe"
+    StrCpy $0 "Another program is installed in this folder. Please choose another folder."
+  ${ElseIfNot} ${FileExists} "$INSTDIR\NVMenu.exe"
+  ${AndIf} ${FileExists} "$INSTDIR\Help\*.*"
+    StrCpy $0 "This folder has a folder Help of its own. Please choose another folder."
+  ${Else}
+    Return
+  ${EndIf}
+  MessageBox MB_OK|MB_ICONEXCLAMATION "$0" /SD IDOK
+  SetErrorLevel 3
+  Quit
+FunctionEnd
+
 Section
+  Call CheckFolder
   Call WaitForEnd
   !insertmacro InstallFiles
   SetOutPath "$INSTDIR"
@@ -124,15 +146,19 @@ Section Uninstall
   Delete "$INSTDIR\${NOTES}"
   Delete "$INSTDIR\Uninstall.exe"
   RMDir "$INSTDIR"
-  Delete "$SMPROGRAMS\${PRODUCT}.lnk"
   StrCpy $1 ""
   !insertmacro RemoveFileType HKCU "Software\Classes\"
   !insertmacro RemoveFileType HKCR ""
   ${If} $1 != ""
     System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)' ; associations changed
   ${EndIf}
-  DeleteRegKey HKCU "${SETTINGS}\${PRODUCT}"
-  DeleteRegKey /ifempty HKCU "${SETTINGS}"
-  DeleteRegKey HKCU "${UNINSTALL}"
-  DeleteRegKey /ifempty HKCU "${PROGRAMS}" ; the first program of a user makes this key
+  ; Installed in another folder since, the program still needs the rest.
+  ReadRegStr $0 HKCU "${UNINSTALL}" "InstallLocation"
+  ${If} $0 == "$INSTDIR"
+    Delete "$SMPROGRAMS\${PRODUCT}.lnk"
+    DeleteRegKey HKCU "${SETTINGS}\${PRODUCT}"
+    DeleteRegKey /ifempty HKCU "${SETTINGS}"
+    DeleteRegKey HKCU "${UNINSTALL}"
+    DeleteRegKey /ifempty HKCU "${PROGRAMS}" ; the first program of a user makes this key
+  ${EndIf}
 SectionEnd

@@ -4,10 +4,12 @@ set(package_dir "${CMAKE_BINARY_DIR}/packages")
 set(staged "${package_dir}/installed")
 set(portable "${package_dir}/portable/Navrix Menu")
 file(MAKE_DIRECTORY "${package_dir}/portable")
+list(JOIN help_names " " help_words)
+set(what_ships "-DFROM=${program_dir}" "-DMENUS=${CMAKE_SOURCE_DIR}/menus" "-DHELP=${help_words}")
 set(clean_up "${CMAKE_CURRENT_LIST_DIR}/clean-up.cmd")
 
 add_custom_target(zip
-  COMMAND ${CMAKE_COMMAND} "-DFROM=${program_dir}" "-DTO=${portable}"
+  COMMAND ${CMAKE_COMMAND} ${what_ships} "-DTO=${portable}"
     -P "${CMAKE_CURRENT_LIST_DIR}/stage.cmake"
   COMMAND ${CMAKE_COMMAND} -E copy "${clean_up}" "${portable}/Clean up.cmd"
   COMMAND ${CMAKE_COMMAND} -E rm -f "${package_dir}/${package_name}.zip"
@@ -19,7 +21,7 @@ add_dependencies(zip program)
 
 # The name of the setup program without its version serves the tests, too.
 add_custom_target(installer
-  COMMAND ${CMAKE_COMMAND} "-DFROM=${program_dir}" "-DTO=${staged}"
+  COMMAND ${CMAKE_COMMAND} ${what_ships} "-DTO=${staged}"
     -P "${CMAKE_CURRENT_LIST_DIR}/stage.cmake"
   COMMAND makensis -V2 -WX -NOCD
     "-DFILES=${staged}.nsh" "-DVERSION=${PROJECT_VERSION}"

@@ -1,19 +1,26 @@
-# cmake -DFROM=FOLDER -DTO=FOLDER -P stage.cmake: copies what ships from FROM, the program as it was
-# built, into TO, a new folder, and writes beside it, to TO.nsh, how the installer puts it on a disk
+# cmake -DFROM=FOLDER -DMENUS=FOLDER -DHELP=NAMES -DTO=FOLDER -P stage.cmake: copies what ships from
+# FROM, the program as it was built, and MENUS into TO, a new folder, and writes beside it, to TO.nsh, how the installer puts it on a disk
 # and the uninstaller takes it away again.
 cmake_minimum_required(VERSION 3.25)
-file(GLOB_RECURSE files RELATIVE "${FROM}" "${FROM}/*")
-list(SORT files)
-# A build folder may hold more: what older builds left, what a run of the program wrote.
-list(FILTER files INCLUDE REGEX
-  "^((NVMenu|NVSub|nvmtool)\\.exe|NVMENU\\.(HLP|CNT)|Start\\.nvm|Samples/[^/]+\\.nvm|Help/[^/]+)$")
+# By name, and menus from their source: a build folder may hold what older builds left, and what was
+# written and changed where the program was tried.
+set(files NVMenu.exe NVSub.exe nvmtool.exe NVMENU.HLP NVMENU.CNT)
+separate_arguments(help UNIX_COMMAND "${HELP}")
+list(TRANSFORM help PREPEND "Help/")
+file(GLOB_RECURSE menus RELATIVE "${MENUS}" "${MENUS}/*.nvm")
+list(APPEND files ${help} ${menus})
 file(REMOVE_RECURSE "${TO}")
 set(install)
 set(remove)
 set(folders)
 foreach(file IN LISTS files)
   get_filename_component(folder "${file}" DIRECTORY)
-  file(COPY "${FROM}/${file}" DESTINATION "${TO}/${folder}")
+  if(file IN_LIST menus)
+    set(source "${MENUS}/${file}")
+  else()
+    set(source "${FROM}/${file}")
+  endif()
+  file(COPY "${source}" DESTINATION "${TO}/${folder}")
   string(REPLACE "/" "\\" windows_folder "${folder}")
   string(REPLACE "/" "\\" windows_file "${file}")
   if(NOT folder STREQUAL "" AND NOT folder IN_LIST folders)
@@ -21,7 +28,7 @@ foreach(file IN LISTS files)
   endif()
   string(APPEND install "  SetOutPath \"$INSTDIR\\${windows_folder}\"\n")
   # Menus are the users' to change: those they changed stay.
-  if(file MATCHES "\\.nvm$")
+  if(file IN_LIST menus)
     string(APPEND install "  !insertmacro InstallMenu \"${TO}/${file}\" \"${windows_file}\"\n")
     string(APPEND remove "  !insertmacro RemoveMenu \"${windows_file}\"\n")
   else()

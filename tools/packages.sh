@@ -14,6 +14,9 @@ packages_package="$packages_run nsis"
 packages_test="$packages_package g++ g++-mingw-w64-i686-posix clang-format-14 cppcheck
     locales fonts-misaki"
 
+# To measure it.
+packages_bench="$packages_run g++ libbenchmark-dev"
+
 # install_missing PACKAGE...: asks dpkg, not apt, so that it costs nothing when all are there.
 install_missing() {
     local missing=() package

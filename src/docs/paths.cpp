@@ -14,6 +14,14 @@ PathParts SplitPath(std::string_view path, const CodePage& codePage)
     return {std::string(path.substr(folderLength)), std::string(folder)};
 }
 
+std::string PathIn(const std::string& folder, const std::string& name)
+{
+    // Only that of a drive root is a separator for sure: the last byte of a folder's name may be
+    // equal to one.
+    const bool driveRoot = folder.size() == 3 && folder[1] == ':';
+    return folder.substr(0, driveRoot ? 2 : folder.size()) + "\\" + name;
+}
+
 std::string FileExtension(std::string_view path)
 {
     // "." is no second half of a character in any code page.

@@ -17,6 +17,10 @@ struct PathParts {
 // "C:\Menus\Start.nvm" gives "Start.nvm" and "C:\Menus"; "C:\Start.nvm" gives "Start.nvm", "C:\".
 PathParts SplitPath(std::string_view path, const CodePage& codePage);
 
+// The path of the file or folder name in folder, which has no closing backslash unless it is a
+// drive root.
+std::string PathIn(const std::string& folder, const std::string& name);
+
 // The upper-cased text after the last "." of path, wherever that stands: "C:\My.Menus\Start" gives
 // "MENUS\START". Empty when there is no ".".
 std::string FileExtension(std::string_view path);

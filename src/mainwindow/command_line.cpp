@@ -1,20 +1,21 @@
 #include "mainwindow/command_line.h"
 
-#include "platform/ansi_text.h"
-
 #include <algorithm>
 
 namespace nv
 {
 
-CommandLine ParseCommandLine(std::string_view arguments)
+CommandLine ParseCommandLine(std::string_view arguments, const CodePage& codePage)
 {
     const auto found = UpperCase(arguments).find("/L");
     if (found == std::string::npos) {
         return {std::string(arguments), false};
     }
     // The character before the switch, normally a blank, goes with it.
-    return {std::string(arguments.substr(0, found < 1 ? 0 : found - 1)), true};
+    const std::string_view before = arguments.substr(0, found);
+    const std::size_t characters = codePage.CountCharacters(before);
+    const std::size_t kept = characters < 1 ? 0 : characters - 1;
+    return {std::string(codePage.FirstCharacters(before, kept)), true};
 }
 
 std::string_view ArgumentsOf(std::string_view wholeCommandLine)

@@ -5,6 +5,8 @@
 // MENU may stand in double quotes; "/l" is locked mode.
 #pragma once
 
+#include "platform/ansi_text.h"
+
 #include <string>
 #include <string_view>
 
@@ -17,7 +19,7 @@ struct CommandLine {
 };
 
 // arguments: all that follows the program name.
-CommandLine ParseCommandLine(std::string_view arguments);
+CommandLine ParseCommandLine(std::string_view arguments, const CodePage& codePage);
 
 // What follows the program name, which may stand in double quotes, in a whole command line.
 std::string_view ArgumentsOf(std::string_view wholeCommandLine);

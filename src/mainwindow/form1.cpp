@@ -116,7 +116,7 @@ bool Form1::StartUp(std::string_view arguments, int showCommand)
     document_.SetHome(home.empty() ? defaultHome : home);
     // Ignored: the program is as useful to who opens its menus from within.
     static_cast<void>(RegisterMenuFileType(programFolder_));
-    CommandLine commandLine = ParseCommandLine(arguments);
+    CommandLine commandLine = ParseCommandLine(arguments, document_.Page());
     locked_ = commandLine.locked;
     UpdateButtons();
     if (commandLine.filePart.empty()) {

@@ -1,11 +1,13 @@
 #include "mainwindow/help.h"
 
+#include "docs/paths.h"
+
 namespace nv
 {
 
 std::string HelpFile(const std::string& programFolder)
 {
-    return programFolder + "\\NVMENU.HLP";
+    return PathIn(programFolder, "NVMENU.HLP");
 }
 
 const char* HelpKeyword(bool editorAlone)
@@ -15,7 +17,8 @@ const char* HelpKeyword(bool editorAlone)
 
 std::string HelpPage(const std::string& programFolder, std::uint32_t context)
 {
-    return programFolder + "\\Help\\" + (context == kHelpOnEditing ? "editing" : "index") + ".html";
+    const std::string page = context == kHelpOnEditing ? "editing" : "index";
+    return PathIn(programFolder, "Help\\" + page + ".html");
 }
 
 std::string NoHelpPageText(const std::string& page, bool there)

@@ -1,5 +1,7 @@
 #include "mainwindow/start_up.h"
 
+#include "docs/paths.h"
+
 #include <algorithm>
 #include <cstdio>
 
@@ -69,8 +71,8 @@ std::string MissingLauncherText()
 
 std::string DefaultHome(Files& files, const std::string& programFolder)
 {
-    const auto names = files.List(programFolder + "\\*.nvm", 1);
-    return names.empty() ? std::string() : programFolder + "\\" + names.front();
+    const auto names = files.List(PathIn(programFolder, "*.nvm"), 1);
+    return names.empty() ? std::string() : PathIn(programFolder, names.front());
 }
 
 std::string StartFileChoice(Settings& settings, const std::string& defaultHome,

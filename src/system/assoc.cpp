@@ -1,5 +1,6 @@
 #include "system/assoc.h"
 
+#include "docs/paths.h"
 #include "system/regis.h"
 #include "win32/handles.h"
 
@@ -21,11 +22,7 @@ struct ClassesText {
 
 std::vector<ClassesText> MenuFileType(const std::string& programFolder)
 {
-    // Only that of a drive root is a separator for sure: the last byte of a folder's name may be
-    // equal to one.
-    const bool driveRoot = programFolder.size() == 3 && programFolder[1] == ':';
-    const std::string program =
-        programFolder.substr(0, driveRoot ? 2 : programFolder.size()) + "\\NVMenu.exe";
+    const std::string program = PathIn(programFolder, "NVMenu.exe");
     const std::string type = "Navrix Menu";
     return {{type, type},
             {".NVM", type},

@@ -51,7 +51,11 @@ ToolRequest Reader::Read(const std::vector<std::string>& arguments)
         }
         if (outputNext_) {
             outputNext_ = false;
-            request_.output = argument.empty() ? "" : files_.FullPath(argument);
+            if (argument.empty() || (options && argument.starts_with('-'))) {
+                request_.error = "no file is named to write to";
+            } else {
+                request_.output = files_.FullPath(argument);
+            }
         } else if (options && argument == "--") {
             options = false;
         } else if (options && (argument.starts_with('-') || argument == "/?")) {

@@ -86,6 +86,11 @@ std::string LinkCheck::MenuFinding(const std::string& path)
 std::string LinkCheck::NotFound(const LaunchInfo& info)
 {
     const std::string& target = info.plainProgram;
+    if (!info.workingDirectory.empty()) {
+        // The start is not the shell's then.
+        return "text after /NV needs a program, and none is found for " +
+               Excerpt(target, codePage_);
+    }
     const FileAttributes attributes = files_.Attributes(target);
     if (attributes.folder || IsAddress(target)) {
         return {};

@@ -257,7 +257,9 @@ std::optional<MenuText> Tool::Read(const ToolFile& file)
         return text;
     }
     if (file.shown.find_first_of("*?") != std::string::npos) {
-        Fail("no file matches " + file.shown);
+        const bool there = !platform_.files.List(file.path, 1).empty();
+        Fail(there ? "cannot read " + file.shown + ": its name is not in the ANSI code page"
+                   : "no file matches " + file.shown);
     } else {
         Fail("cannot read " + file.shown, error);
     }

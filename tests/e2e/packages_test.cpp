@@ -90,11 +90,12 @@ protected:
         return contents;
     }
     // The setup program, without questions. Its option takes no blanks under Wine.
-    std::optional<DWORD> Install() const
+    static std::optional<DWORD> InstallIn(const std::string& folder)
     {
-        return Program('"' + FromTests(SETUP_FROM_TESTS) + "\" /S /D=" + home_)
+        return Program('"' + FromTests(SETUP_FROM_TESTS) + "\" /S /D=" + folder)
             .ExitCode(kSetupTime);
     }
+    std::optional<DWORD> Install() const { return InstallIn(home_); }
     void OpenInShell(const std::string& path)
     {
         const HINSTANCE result =
@@ -116,8 +117,12 @@ protected:
 TEST_F(Packages, InstallRunAndUninstall)
 {
     const std::string mine = WriteMenu("My menu.nvm", {});
+    CreateDirectoryA(Path("other").c_str(), nullptr);
+    Write("other\\Uninstall.exe", "of another program");
     const Contents registry = Registry();
     const Contents files = Files();
+    EXPECT_EQ(InstallIn(Path("other")), 3u);
+    EXPECT_EQ(Files(), files);
     for (const bool changed : {false, true}) {
         SCOPED_TRACE(changed ? "with menus of the user's" : "as it was");
         ASSERT_EQ(Install(), 0u);
@@ -159,6 +164,8 @@ TEST_F(Packages, CleanUpRemovesSettingsAndFileType)
 {
     const std::string script = Path("Clean up.cmd");
     ASSERT_TRUE(CopyFileA(FromTests(CLEAN_UP_FROM_TESTS).c_str(), script.c_str(), TRUE));
+    // Of another program.
+    RegSetKeyValueA(HKEY_CLASSES_ROOT, ".NVM\\OpenWithProgids", "other", REG_SZ, "", 1);
     const Contents registry = Registry();
     Open(WriteMenu("Start.nvm", {}));
     EXPECT_EQ(Close(), 0u);

@@ -28,10 +28,12 @@ TEST(CommandLine, FindsFileAndSwitch)
         {"Start.nvm /x", "Start.nvm /x", false},
     };
     for (const Case& c : cases) {
-        const CommandLine line = ParseCommandLine(c.arguments);
+        const CommandLine line = ParseCommandLine(c.arguments, CodePage());
         EXPECT_EQ(line.filePart, c.filePart) << c.arguments;
         EXPECT_EQ(line.locked, c.locked) << c.arguments;
     }
+    // The character that goes may have two bytes.
+    EXPECT_EQ(ParseCommandLine("C:\\a\x83\x5C/l", CodePage(932)).filePart, "C:\\a");
 }
 
 TEST(CommandLine, FindsTheArguments)
