@@ -23,6 +23,7 @@ file(MAKE_DIRECTORY "${program_dir}/Help")
 add_custom_command(
   OUTPUT "${program_dir}/Help/index.html" "${program_dir}/Help/keywords.html" ${help_pages}
   COMMAND ${HALIBUT} --html ${help_sources}
+  COMMAND sed -i "s|<title></title>|<title>Keywords</title>|" keywords.html
   COMMAND ${CMAKE_COMMAND} -E copy ${help_extras} .
   WORKING_DIRECTORY "${program_dir}/Help"
   DEPENDS ${help_sources} ${help_extras} "${CMAKE_CURRENT_LIST_FILE}"

@@ -133,7 +133,8 @@ Placement StartPlacement(const Placement& saved, Twips nonClientHeight, bool loc
     const bool seen = std::any_of(workAreas.begin(), workAreas.end(), [&](const TwipRect& area) {
         return ShowsCaption(area, window, captionHeight);
     });
-    if (!seen) {
+    const bool cut = saved.width > desktop.width || saved.height > desktop.height;
+    if (!seen || cut) {
         MoveInto(workAreas.front(), window);
     }
     return window;

@@ -39,8 +39,9 @@ void WritePlacement(Settings& settings, const Placement& placement);
 TwipSize MinimumSize(Twips nonClientHeight, bool locked);
 
 // The placement that the window starts with: not below the minimum size outside locked mode, not
-// larger than all monitors together, and where a monitor shows its caption. workAreas: of the
-// monitors, at least one, the primary first; captionHeight: what must be seen to drag the window.
+// larger than all monitors together, and where a monitor shows its caption; one that was larger,
+// into the first monitor. workAreas: of the monitors, at least one, the primary first;
+// captionHeight: what must be seen to drag the window.
 Placement StartPlacement(const Placement& saved, Twips nonClientHeight, bool locked,
                          const std::vector<TwipRect>& workAreas, Twips captionHeight);
 
