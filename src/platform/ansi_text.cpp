@@ -135,7 +135,10 @@ std::optional<std::int32_t> ParseInteger(std::string_view text)
     double value = 0;
     const char* end = digits.data() + digits.size();
     const auto result = std::from_chars(digits.data(), end, value, std::chars_format::fixed);
-    if (result.ec != std::errc() || result.ptr != end) {
+    // Too near to zero for a double: value is still 0.
+    const bool tiny = result.ec == std::errc::result_out_of_range &&
+                      digits.find_first_of("123456789") > digits.find('.');
+    if (result.ptr != end || (result.ec != std::errc() && !tiny)) {
         return std::nullopt;
     }
     const double rounded = std::nearbyint(value);

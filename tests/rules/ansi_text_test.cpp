@@ -9,7 +9,8 @@ namespace
 
 TEST(AnsiText, ParsesWholeNumbers)
 {
-    const std::pair<const char*, std::optional<std::int32_t>> cases[] = {
+    const std::string zeros(400, '0'); // more places than a double has
+    const std::pair<std::string, std::optional<std::int32_t>> cases[] = {
         {"0", 0},
         {" 12 ", 12},
         {"+7", 7},
@@ -18,12 +19,24 @@ TEST(AnsiText, ParsesWholeNumbers)
         {"8.5", 8}, // halves go to the even neighbour
         {"9.5", 10},
         {"-857,1429", -857},
+        {"-0," + zeros + "1", 0},
     };
     for (const auto& [text, value] : cases) {
         EXPECT_EQ(ParseInteger(text), value) << text;
     }
-    for (const char* text : {"", "-", ".", "1.2.3", "12pt", "1e3", "inf", "--1", "+-1",
-                             "2147483648", "99999999999999999999999999"}) {
+    const std::string others[] = {"",
+                                  "-",
+                                  ".",
+                                  "1.2.3",
+                                  "12pt",
+                                  "1e3",
+                                  "inf",
+                                  "--1",
+                                  "+-1",
+                                  "2147483648",
+                                  "99999999999999999999999999",
+                                  '1' + zeros + ".5"};
+    for (const std::string& text : others) {
         EXPECT_EQ(ParseInteger(text), std::nullopt) << text;
     }
 }
