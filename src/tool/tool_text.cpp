@@ -13,13 +13,9 @@ bool IsControl(char ch)
     return static_cast<unsigned char>(ch) < 32 || ch == 127;
 }
 
-void AppendControl(std::string& escaped, char ch)
+void AppendCode(std::string& escaped, char ch)
 {
     constexpr char kDigits[] = "0123456789ABCDEF";
-    if (ch == '\t') {
-        escaped += "^t";
-        return;
-    }
     const auto code = static_cast<unsigned char>(ch);
     escaped += "^x";
     escaped += kDigits[code / 16];
@@ -35,15 +31,16 @@ std::string Escaped(std::string_view text, const CodePage& codePage)
     std::size_t length = 1;
     for (std::size_t at = 0; at < text.size(); at += length) {
         length = codePage.CharacterLength(text, at);
-        // Half a character before a control character: it must not hide that.
-        if (length == 2 && IsControl(text[at + 1])) {
-            length = 1;
-        }
+        const bool half = codePage.IsLeadByte(text[at]) && (length == 1 || IsControl(text[at + 1]));
+        length = half ? 1 : length;
         if (text.substr(at, 2) == "\r\n") {
             escaped += "^n";
             length = 2;
-        } else if (IsControl(text[at])) {
-            AppendControl(escaped, text[at]);
+        } else if (text[at] == '\t') {
+            escaped += "^t";
+        } else if (half || IsControl(text[at])) {
+            // Half a character as it is would make another one of what is written behind it.
+            AppendCode(escaped, text[at]);
         } else if (text[at] == '^') {
             escaped += "^^";
         } else {

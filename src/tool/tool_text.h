@@ -10,8 +10,9 @@ namespace nv
 {
 
 // text on one line, without control characters: a line break is ^n, a tab ^t, any other control
-// character ^x and its code in two hexadecimal digits, and ^ itself ^^. Paths keep their
-// backslashes, so that they can be searched for and used again.
+// character, and the first half of a character that lacks the second, ^x and its code in two
+// hexadecimal digits, and ^ itself ^^. Paths keep their backslashes, so that they can be searched
+// for and used again.
 std::string Escaped(std::string_view text, const CodePage& codePage);
 
 // text, escaped and in double quotes, for a sentence: what is too long for one is cut.

@@ -263,7 +263,7 @@ TEST(ToolText, KeepsCharactersOfTwoBytes)
 {
     const CodePage japanese(932);
     EXPECT_EQ(Escaped("\x83\x5E^", japanese), "\x83\x5E^^");  // the second half is no ^
-    EXPECT_EQ(Escaped("\x83\t\x83", japanese), "\x83^t\x83"); // half a character hides no tab
+    EXPECT_EQ(Escaped("\x83\t\x83", japanese), "^x83^t^x83"); // halves take nothing with them
 }
 
 TEST_F(ToolTest, MakesAMenuOfAFolder)
