@@ -10,7 +10,8 @@ target_compile_options(project_flags INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(project_flags INTERFACE -Wno-restrict)
 endif()
-target_compile_definitions(project_flags INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
+target_compile_definitions(project_flags INTERFACE
+  $<$<OR:$<CONFIG:Debug>,$<BOOL:${NAVRIX_SANITIZE}>>:_GLIBCXX_ASSERTIONS>)
 if(WIN32)
   # -fstack-protector-strong at the link too: gcc then adds -lssp (mingw-w64 10 has no ssp of its own).
   target_link_options(project_flags INTERFACE -static -fstack-protector-strong

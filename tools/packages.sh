@@ -11,7 +11,9 @@ packages_run="cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-b
 packages_package="$packages_run nsis"
 
 # To check and test it. locales, fonts-misaki: machines of other code pages, one of them Japanese.
-packages_test="$packages_package g++ g++-mingw-w64-i686-posix clang-format-14 cppcheck
+# The fuzzers.
+packages_fuzz="clang-14 libclang-rt-14-dev"
+packages_test="$packages_package $packages_fuzz g++ g++-mingw-w64-i686-posix clang-format-14 cppcheck
     locales fonts-misaki"
 
 # To measure it.
