@@ -9,6 +9,11 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 seconds=${1:-60}
 build=build/fuzz
 
+. tools/packages.sh
+# The list is words on purpose.
+# shellcheck disable=SC2086
+install_missing $packages_fuzz
+
 [ -f $build/build.ninja ] || cmake --preset fuzz
 cmake --build --preset fuzz
 

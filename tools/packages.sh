@@ -10,10 +10,11 @@ packages_run="cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-b
 # To pack it. nsis: makes the installer.
 packages_package="$packages_run nsis"
 
+# To fuzz the rules.
+packages_fuzz="cmake ninja-build g++ clang-14 libclang-rt-14-dev"
+
 # To check and test it. locales, fonts-misaki: machines of other code pages, one of them Japanese.
-# The fuzzers.
-packages_fuzz="clang-14 libclang-rt-14-dev"
-packages_test="$packages_package $packages_fuzz g++ g++-mingw-w64-i686-posix clang-format-14 cppcheck
+packages_test="$packages_package $packages_fuzz g++-mingw-w64-i686-posix clang-format-14 cppcheck
     locales fonts-misaki"
 
 # To measure it.
