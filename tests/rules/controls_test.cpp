@@ -117,21 +117,6 @@ TEST(KelItem, TakesItsCaptionFromTheCommandWhenItHasNone)
     }
 }
 
-TEST(KelItem, IsAsLargeAsItsButtonWhenTheCaptionIsSet)
-{
-    FakeMeasure measure;
-    KelItem item(measure, CodePage());
-    Font font;
-    font.size = 10;
-    item.SetFont(font);
-    item.SetCaption("Notepad");
-    EXPECT_EQ(item.Size(), (TwipSize{100 + 700 + 500, 400}));
-    item.SetBImage(kSomePicture);
-    EXPECT_EQ(item.Size(), (TwipSize{1300, 400}));
-    EXPECT_EQ(item.L1().ImageArea().top, 65);
-    EXPECT_EQ(item.L1().LabelArea().left, 470);
-}
-
 TEST(KelPic, TypesOneCharacterATick)
 {
     const std::string kana = "\x83\x5C";

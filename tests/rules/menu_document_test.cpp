@@ -1,10 +1,5 @@
-#include "docs/menu_document.h"
 #include "docs/menu_line.h"
-#include "fakes/fake_document_events.h"
-#include "fakes/fake_files.h"
-#include "fakes/fake_prompts.h"
-#include "fakes/fake_pump.h"
-#include "fakes/fake_settings.h"
+#include "fakes/fake_desk.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +10,6 @@ namespace
 
 const char kStart[] = "C:\\Menus\\Start.nvm";
 const char kOther[] = "C:\\Menus\\Other.nvm";
-const Font kDefaultFont{"Tahoma", 8, false, false, false, false, 238};
 using Log = FakeDocumentEvents::Log;
 using Shown = FakePrompts::Shown;
 
@@ -31,14 +25,7 @@ Shown SaveQuestion(const std::string& path)
 }
 
 // A document over fakes, with two menus on the disk.
-struct Desk {
-    FakeFiles files;
-    FakePrompts prompts;
-    FakeSettings settings;
-    FakePump pump;
-    FakeDocumentEvents events;
-    MenuDocument document{files, prompts, settings, pump, events, CodePage(), kDefaultFont};
-
+struct Desk : FakeDesk<> {
     Desk()
     {
         files.Put(kStart, "one\r\ntwo\r\nthree\r\n");
@@ -87,39 +74,6 @@ TEST(MenuDocument, ReportsItsStepsInOrder)
     EXPECT_EQ(desk.State(), kClean);
 }
 
-TEST(MenuDocument, AsksAboutUnsavedChangesBeforeAnotherMenu)
-{
-    struct Case {
-        std::vector<Answer> answers;
-        std::size_t room; // on the disk
-        bool opened;
-        std::string saved;
-    };
-    const Case cases[] = {
-        {{Answer::yes}, SIZE_MAX, true, "edited\r\ntwo\r\nthree\r\n"},
-        {{Answer::yes, Answer::ok}, 3, false, "one\r\ntwo\r\nthree\r\n"},
-        {{Answer::no}, SIZE_MAX, true, "one\r\ntwo\r\nthree\r\n"},
-        {{Answer::cancel}, SIZE_MAX, false, "one\r\ntwo\r\nthree\r\n"},
-    };
-    for (const Case& c : cases) {
-        Desk desk;
-        desk.Open(true);
-        desk.document.SetMCh(false); // an undone edit is unsaved all the same
-        desk.document.Lines().Set(0, "edited");
-        desk.files.room = c.room;
-        for (const Answer answer : c.answers) {
-            desk.prompts.Expect(answer);
-        }
-        EXPECT_EQ(desk.document.FOpen(kOther), c.opened);
-        EXPECT_EQ(desk.prompts.shown.front(), SaveQuestion(kStart));
-        EXPECT_EQ(desk.files.Contents(kStart), c.saved);
-        EXPECT_EQ(desk.State(),
-                  c.opened ? std::string(kOther) + " 1" : std::string(kStart) + " unsaved 3");
-        const Log log = desk.events.Take();
-        EXPECT_EQ(std::count(log.begin(), log.end(), std::string("leaving ") + kStart), c.opened);
-    }
-}
-
 // Wherever FOpen stops, the menu before it stays open; the step was made all the same.
 TEST(MenuDocument, KeepsTheOldMenuWhenTheNewOneCannotBeOpened)
 {
@@ -127,26 +81,22 @@ TEST(MenuDocument, KeepsTheOldMenuWhenTheNewOneCannotBeOpened)
     const Shown create{"File " + missing +
                            " does not exist.\n\nWould you like to create a new menu?",
                        PromptIcon::exclamation, PromptButtons::yesNo};
-    const auto refused = [](const std::string& path) {
-        return Shown{"Cannot open: \"" + path + "\"\n\nInvalid file extension!",
-                     PromptIcon::exclamation, PromptButtons::ok};
-    };
+    const std::string folder = "C:\\M.nvm\\Start";
+    const Shown refused{"Cannot open: \"" + folder + "\"\n\nInvalid file extension!",
+                        PromptIcon::exclamation, PromptButtons::ok};
     struct Case {
         std::string path;
         Answer answer;
         Shown box;
     };
     const Case cases[] = {
-        {"C:\\Start.txt", Answer::ok, refused("C:\\Start.txt")},
-        {"C:\\M.nvm\\Start", Answer::ok, refused("C:\\M.nvm\\Start")},
+        {folder, Answer::ok, refused},
         {missing, Answer::no, create},
-        {missing, Answer::cancel, create},
         {kOther, Answer::ok, Stop(std::string("Cannot open:\n\n") + kOther + "\n\n<32>")},
     };
     for (const Case& c : cases) {
         Desk desk;
         desk.Open();
-        desk.files.Put("C:\\Start.txt", "text");
         desk.files.refuseOpen[kOther] = kSharingViolation;
         desk.prompts.Expect(c.answer);
         EXPECT_FALSE(desk.document.FOpen(c.path));
@@ -157,39 +107,13 @@ TEST(MenuDocument, KeepsTheOldMenuWhenTheNewOneCannotBeOpened)
     }
 }
 
-TEST(MenuDocument, CreatesAMenuThatDoesNotExist)
+TEST(MenuDocument, TellsOfAMenuThatCannotBeCreated)
 {
-    const std::string path = "C:\\Menus\\New\\My.nvm";
-    Desk desk;
-    desk.prompts.Expect(Answer::yes);
-    EXPECT_TRUE(desk.document.FOpen(path));
-    EXPECT_EQ(desk.files.madeFolders, (std::vector<std::string>{"C:\\Menus", "C:\\Menus\\New"}));
-    EXPECT_EQ(desk.files.Contents(path), "");
-    EXPECT_EQ(desk.State(), path + " 0");
-}
-
-TEST(MenuDocument, CreatesAMenuOverAnotherOnlyWhenAsked)
-{
-    const Shown question{std::string("File: ") + kOther +
-                             " already exists.\n\nDo you want overwrite this file?",
-                         PromptIcon::exclamation, PromptButtons::noYes};
-    Desk desk;
-    for (const Answer answer : {Answer::no, Answer::cancel, Answer::yes}) {
-        EXPECT_EQ(desk.files.Contents(kOther), "other\r\n");
-        desk.prompts.Expect(answer);
-        EXPECT_EQ(desk.document.CreateNewMenuFile(kOther), answer == Answer::yes);
-        EXPECT_EQ(desk.prompts.Take(), question);
-    }
-    EXPECT_EQ(desk.files.Contents(kOther), "");
-    // A folder of that name, and a disk that reports its failure only when the file is closed.
-    desk.files.Find(kOther)->folder = true;
-    desk.files.failAt = desk.files.operations + 5;
-    for (const char* path : {kOther, "C:\\Menus\\New.nvm"}) {
-        desk.prompts.Expect(Answer::ok);
-        EXPECT_FALSE(desk.document.CreateNewMenuFile(path));
-        EXPECT_EQ(desk.prompts.Take(), (Shown{"New Menu Could Not Be Created!",
-                                              PromptIcon::exclamation, PromptButtons::ok}));
-    }
+    Desk desk; // a disk that reports its failure only when the file is closed
+    desk.files.failAt = 2;
+    desk.prompts.Expect(Answer::ok);
+    EXPECT_FALSE(desk.document.CreateNewMenuFile("C:\\Menus\\New.nvm"));
+    EXPECT_EQ(desk.prompts.Take().text, "New Menu Could Not Be Created!");
 }
 
 // A part of a menu must not be left where a save would write it over the whole one.
@@ -263,7 +187,7 @@ TEST(MenuDocument, NeitherSavesNorOpensWhileItLoads)
 
 TEST(MenuDocument, IsWrittenInTheFilesForm)
 {
-    const std::string empty = EncodeLine(MenuItem{ItemType::vNotVisible, "", "", kDefaultFont, 0});
+    const std::string empty = EncodeLine(MenuItem{ItemType::vNotVisible, "", "", Desk().font, 0});
     const std::pair<std::string, std::string> cases[] = {
         {"a\r\nb", "a\x01"
                    "b"},
@@ -326,39 +250,50 @@ TEST(MenuDocument, ReportsEveryFailedSaveAndStaysChanged)
     EXPECT_GE(failures, 4); // probing, writing, flushing, closing or replacing
 }
 
-TEST(MenuDocument, AsksBeforeTheProgramEnds)
+TEST(MenuDocument, AsksBeforeChangesAreLost)
 {
     struct Case {
         std::vector<Answer> answers;
-        bool fails;
-        bool closes;
+        std::size_t room; // on the disk
+        bool leaves;
+        std::string saved;
     };
-    const Case cases[] = {{{Answer::yes}, false, true},
-                          {{Answer::yes, Answer::ok}, true, false},
-                          {{Answer::no}, false, true},
-                          {{Answer::cancel}, false, false},
-                          {{}, false, true}}; // nothing changed
+    const Case cases[] = {
+        {{Answer::yes}, SIZE_MAX, true, "edited\r\ntwo\r\nthree\r\n"},
+        {{Answer::yes, Answer::ok}, 3, false, "one\r\ntwo\r\nthree\r\n"},
+        {{Answer::no}, SIZE_MAX, true, "one\r\ntwo\r\nthree\r\n"},
+        {{Answer::cancel}, SIZE_MAX, false, "one\r\ntwo\r\nthree\r\n"},
+    };
     for (const Case& c : cases) {
-        Desk desk;
-        desk.Open(!c.answers.empty());
-        desk.document.SetMCh(false); // the column shows the changes: they are not saved by that
-        desk.files.failAt = c.fails ? 1 : 0;
-        for (const Answer answer : c.answers) {
-            desk.prompts.Expect(answer);
+        for (const bool closing : {false, true}) {
+            Desk desk;
+            desk.Open(true);
+            desk.document.SetMCh(false); // an undone edit is unsaved all the same
+            desk.document.Lines().Set(0, "edited");
+            desk.files.room = c.room;
+            for (const Answer answer : c.answers) {
+                desk.prompts.Expect(answer);
+            }
+            EXPECT_EQ(closing ? desk.document.MayClose() : desk.document.FOpen(kOther), c.leaves);
+            EXPECT_EQ(desk.prompts.shown.front(), SaveQuestion(kStart));
+            EXPECT_EQ(desk.files.Contents(kStart), c.saved);
+            EXPECT_EQ(desk.document.FFile(), c.leaves && !closing ? kOther : kStart);
+            EXPECT_TRUE(c.leaves || desk.document.UnsavedChanges());
         }
-        EXPECT_EQ(desk.document.MayClose(), c.closes);
     }
-    Desk desk; // without a file the changes have nowhere to go, and nothing is home
+}
+
+TEST(MenuDocument, WithoutAFileHasNowhereToGo)
+{
+    Desk desk;
     desk.document.SetMCh(true);
     desk.prompts.Expect(Answer::yes);
     EXPECT_TRUE(desk.document.MayClose());
-    EXPECT_EQ(desk.prompts.Take(), SaveQuestion(""));
     desk.document.SaveMenu();
     desk.document.SetThisMenuAsHomeMenu();
     EXPECT_EQ(desk.files.operations + desk.settings.writes, 0);
     desk.prompts.Expect(Answer::yes);
     desk.Open(true);
-    desk.prompts.Take();
     desk.document.SaveMenu();
     EXPECT_EQ(desk.State(), kClean);
     desk.events.Take();

@@ -280,25 +280,11 @@ TEST_F(PaneTest, KeysMoveTheFocusAndKeepItInView)
     AddLinks(40); // 460 each
     Add(ItemType::vLabel, "the end");
     ASSERT_TRUE(Load());
-    EXPECT_EQ(pane.FocusedLink(), 0u);
-    Press(PaneKey::up);
-    EXPECT_EQ(pane.FocusedLink(), 0u);
-    struct Case {
-        PaneKey key;
-        int times;
-        std::size_t focused;
-    };
-    const Case cases[] = {
-        {PaneKey::down, 1, 1},      {PaneKey::nextLink, 2, 3}, {PaneKey::previousLink, 1, 2},
-        {PaneKey::pageDown, 1, 12}, // ten more stand within 5000 twips
-        {PaneKey::pageDown, 1, 22}, {PaneKey::pageUp, 1, 12},  {PaneKey::end, 1, 39},
-        {PaneKey::down, 1, 39},     {PaneKey::up, 1, 38},      {PaneKey::home, 1, 0},
-    };
-    for (const Case& c : cases) {
-        Press(c.key, c.times);
-        EXPECT_EQ(pane.FocusedLink(), c.focused);
-        EXPECT_TRUE(FocusInView()) << c.focused;
-    }
+    Press(PaneKey::down, 2);
+    Press(PaneKey::pageDown); // ten more stand within 5000 twips
+    EXPECT_EQ(pane.FocusedLink(), 12u);
+    EXPECT_TRUE(FocusInView());
+    Press(PaneKey::home);
     EXPECT_EQ(pane.Scroll().Value(), 0);           // the title above the first link is in view, too
     EXPECT_FALSE(pane.Key(PaneKey::previousLink)); // the focus goes on to what stands before
     Press(PaneKey::end);
@@ -398,44 +384,21 @@ TEST_F(PaneTest, PicturesAreAskedForOnceAndOnlyInView)
     EXPECT_EQ(icons.asked.count("prog90"), 0u);
 }
 
-TEST_F(PaneTest, TellsOfSingleRows)
+// A click that comes late does not start what stands there in another menu.
+TEST_F(PaneTest, ClicksByNumberAreOfOneMenu)
 {
-    Add(ItemType::vTitle, "\xA9 Title"); // not typed out yet
-    Add(ItemType::vSpace, "");
-    Add(ItemType::vLabel, "one\r\ntwo\tthree");
-    Add(ItemType::vLine, "");
-    Add(ItemType::vLink, "caption", "C:\\a.exe");
-    Add(ItemType::vLink, "", "C:\\b.exe -x");
-    Add(ItemType::vLink, "", "c.exe");
-    AddLinks(1000);
+    Add(ItemType::vTitle, "Title");
+    AddLinks(2);
     ASSERT_TRUE(Load());
     EXPECT_EQ(focusMoves, 1);
-    const std::pair<const char*, const char*> expected[] = {
-        {"\xA9 Title", ""},       {"one two three", ""},        {"Line", ""},
-        {"caption", "C:\\a.exe"}, {"b.exe -x", "C:\\b.exe -x"}, {"c.exe", "c.exe"}};
-    std::uint32_t row = 0;
-    for (const auto& [name, command] : expected) {
-        EXPECT_EQ(pane.NameOf(row), name);
-        EXPECT_EQ(pane.CommandOf(row), command);
-        const TwipRect area = pane.AreaOf(row);
-        EXPECT_EQ(pane.RowAt({area.left, area.top}), row);
-        EXPECT_EQ(pane.RowAt({area.left, area.top - 10}), std::nullopt); // the gap above
-        ++row;
-    }
-    EXPECT_FALSE(pane.FocusRow(0));
-    EXPECT_TRUE(pane.FocusRow(900));
-    EXPECT_EQ(pane.FocusedRow(), 900u);
-    EXPECT_TRUE(pane.InView(900));
-    EXPECT_FALSE(pane.InView(4));
-    // A click that comes late does not start what stands there in another menu.
     const auto generation = pane.Generation();
     const int before = columns;
-    pane.ClickRow(4, generation);
+    pane.ClickRow(1, generation);
     pane.ClickRow(0, generation);
     ASSERT_TRUE(Load());
     EXPECT_GT(columns, before);
-    pane.ClickRow(4, generation);
-    EXPECT_EQ(clicked, std::vector<std::uint32_t>{5});
+    pane.ClickRow(1, generation);
+    EXPECT_EQ(clicked, std::vector<std::uint32_t>{1});
 }
 
 TEST_F(PaneTest, HasLittleToShow)

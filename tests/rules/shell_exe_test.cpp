@@ -204,19 +204,13 @@ TEST(ShellExe, StartsWhatTheSecondTryFinds)
     EXPECT_EQ(Launch(shell, "\\T\\a.txt x").plainProgram, "D:\\T\\a.txt");
     EXPECT_EQ(shell.calls.back(),
               "shell 7 open [np.exe] [D:\\T\\a.txt x] in [\"np.exe\" D:\\T\\a.txt x] show 1");
+    Launch(shell, "\\T\\a.txt /NV-C:\\T", "Title"); // one of its own makes a process
+    EXPECT_EQ(shell.calls.back(), Process("\"np.exe\" D:\\T\\a.txt", "C:\\T", "Title", 2));
+    Launch(shell, "\"missing\" x", "Title");
+    EXPECT_EQ(shell.calls.back(), Process("\"missing\"", "", "Title", 1));
     FakeShell onNetwork; // where the program has no drive
     ShellExe(onNetwork, "\\\\host\\menus").LaunchCommand(kOwner, "\\p.exe", "", false);
     EXPECT_EQ(onNetwork.calls, Calls({"find [\\p.exe] [0]", "find [\\p.exe] [0]"}));
-}
-
-TEST(ShellExe, ATitleMakesAProcess)
-{
-    FakeShell shell;
-    shell.answers["p.exe"] = {33, "p.exe"};
-    Launch(shell, "p.exe /NV-C:\\T", "Title");
-    EXPECT_EQ(shell.calls.back(), Process("\"p.exe\"", "C:\\T", "Title", 2));
-    Launch(shell, "\"missing\" x", "Title");
-    EXPECT_EQ(shell.calls.back(), Process("\"missing\"", "", "Title", 1));
 }
 
 TEST(ShellExe, ReportsStarts)

@@ -1,6 +1,7 @@
 #include "docs/menu_line.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_shell.h"
+#include "platform/system_colors.h"
 #include "tool/tool.h"
 #include "tool/tool_text.h"
 
@@ -199,6 +200,10 @@ TEST_F(ToolTest, LooksForTheTargetsOfLinks)
         {"C:\\Sub menu.nvm", ""},
         {"\"C:\\Sub menu.nvm\"", ""},
         {"C:\\Gone menu.nvm", "the menu is not found: \"C:\\Gone menu.nvm\""},
+        {"\"Sub.nvm\" /NV+ C:\\Work", "the menu is not found: \"Sub.nvm\""},
+        {"tool.exe Sub.NVM", "the menu is not found: \"tool.exe Sub.NVM\""},
+        {"C:\\tool.exe \"Sub.nvm\"", ""},
+        {"C:\\Sub.nvmx", "the target is not found: \"C:\\Sub.nvmx\""},
         {"C:\\*.nvm", "the menu is not found: \"C:\\*.nvm\""},
         {"NVSUB %TOOL% x", ""},
         {"\"NVSub\" C:\\gone.exe", "the target is not found: \"C:\\gone.exe\""},
@@ -275,18 +280,15 @@ TEST_F(ToolTest, MakesAMenuOfAFolder)
     }
     files_.Put("C:\\My Tools\\desktop.ini", "");
     files_.Find("C:\\My Tools\\desktop.ini")->hidden = true;
-    const auto entry = [](const char* line) {
-        return line + std::string(" <FONTNAME>Tahoma</FONTNAME> <FONTSIZE>8</FONTSIZE> "
-                                  "<FONTBOLD>False</FONTBOLD> <FONTITALIC>False</FONTITALIC> "
-                                  "<FONTSTR>False</FONTSTR> <FONTUNDER>False</FONTUNDER> "
-                                  "<FONTCOLOR>-2147483640</FONTCOLOR> <FONTCHAR>0</FONTCHAR>\r\n");
-    };
-    const std::string links =
-        entry("3><CAPTION>.profile</CAPTION> <LINK>\"C:\\My Tools\\.profile\"</LINK>") +
-        entry("3><CAPTION>Alpha</CAPTION> <LINK>\"C:\\My Tools\\Alpha.lnk\"</LINK>") +
-        entry("3><CAPTION>beta two.tar</CAPTION> <LINK>\"C:\\My Tools\\beta two.tar.gz\"</LINK>") +
-        entry("3><CAPTION>Sub</CAPTION> <LINK>\"C:\\My Tools\\Sub.NVM\"</LINK>") +
-        entry("3><CAPTION>zip</CAPTION> <LINK>\"C:\\My Tools\\zip.exe\"</LINK>");
+    std::string links;
+    for (const auto& [caption, name] : {std::pair(".profile", ".profile"),
+                                        {"Alpha", "Alpha.lnk"},
+                                        {"beta two.tar", "beta two.tar.gz"},
+                                        {"Sub", "Sub.NVM"},
+                                        {"zip", "zip.exe"}}) {
+        const std::string link = std::string("\"C:\\My Tools\\") + name + '"';
+        links += EncodeLine({ItemType::vLink, caption, link, Font(), SystemColor(8)}) + "\r\n";
+    }
     EXPECT_EQ(Run({"import", "C:\\My Tools\\"}), 0);
     const auto titleEnd = written_.find("\r\n") + 2;
     EXPECT_TRUE(written_.starts_with("1><CAPTION>My Tools</CAPTION> <LINK></LINK> "));

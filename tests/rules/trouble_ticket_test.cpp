@@ -1,4 +1,3 @@
-#include "fakes/fake_files.h"
 #include "support/trouble_ticket.h"
 
 #include <gtest/gtest.h>
@@ -67,54 +66,13 @@ TEST(TroubleTicket, IsRefusedForTheFirstThingThatIsMissing)
     }
 }
 
-TEST(TroubleTicket, SaysWhatWasFilledIn)
+TEST(TroubleTicket, NamesTheSystems)
 {
-    TicketFields fields = Fields("a@b", {"1", "0", "12", "3"}, false, true, "Not\r\n 2\r\n");
-    fields.servers[0] = fields.servers[3] = true;
-    EXPECT_EQ(BuildTicket(fields, "help@desk", "Menu 1"),
-              "help@desk\r\n>> Navrix Trouble Ticket <<\r\na@b\r\nMenu 1\r\nHardware:\r\n"
-              "Servers: 1, 0, 2000-XP\r\nWorkstations: 12, 3, Other\r\n"
-              "Not\r\n 2\r\n\r\n<< Navrix Trouble Ticket >>");
-    fields = Fields("a@b", {"", "", "007", ""}, false, false, "Not");
+    TicketFields fields = Fields("a@b", {"", "", "007", ""}, false, false, "Not");
     fields.workstations.fill(true);
     const std::string hardware =
         "\r\nServers: 0, 0, \r\nWorkstations: 007, 0, 98-Me-2000-NT 4.0-XP-Other\r\nNot\r\n";
     EXPECT_NE(BuildTicket(fields, "", "").find(hardware), std::string::npos);
-}
-
-TEST(TroubleTicket, TakesDigitsAndBackspaceAsCounts)
-{
-    for (const char key : {'0', '9', '\b'}) {
-        EXPECT_TRUE(CountBoxTakes(key)) << key;
-    }
-    for (const char key : {'/', ':', 'a', '-', ' ', '\x16', '\0', '\xB2'}) {
-        EXPECT_FALSE(CountBoxTakes(key)) << key;
-    }
-}
-
-TEST(TroubleTicket, TellsWhereToSendIt)
-{
-    EXPECT_EQ(InFileText("C:\\t.txt", "help@desk"),
-              "Your Trouble Ticket has been copied to file: C:\\t.txt.\n\n"
-              "Please do not change it and leave it as it is.\n\n"
-              "Attach it to your e-mail message and send it to help@desk.\n"
-              "The destination e-mail address is also in the first line of Trouble Ticket.");
-}
-
-TEST(TroubleTicket, TakesThePlaceOfAnOldOneOrLeavesIt)
-{
-    const std::string old = "an old ticket, longer than the new one";
-    FakeFiles files;
-    files.Put("t.txt", old);
-    files.room = 5;
-    EXPECT_FALSE(WriteTicket(files, "t.txt", "new\r\nticket"));
-    EXPECT_EQ(files.Contents("t.txt"), old);
-    files.room = SIZE_MAX;
-    EXPECT_TRUE(WriteTicket(files, "t.txt", "new\r\nticket"));
-    EXPECT_EQ(files.Contents("t.txt"), "new\r\nticket\r\n");
-    files.refuseNew = kAccessDenied;
-    EXPECT_FALSE(WriteTicket(files, "new.txt", "ticket"));
-    EXPECT_EQ(files.Count(), 1u);
 }
 
 } // namespace
