@@ -43,13 +43,6 @@ public:
         TwipRect area;
         Picture picture;
     };
-    struct DrawnLine {
-        TwipPoint from;
-        Twips width;
-        int below;
-        Color color;
-    };
-
     void Fill(const TwipRect&, Color) override {}
     void Text(TwipPoint at, const Font&, Color color, std::string_view text) override
     {
@@ -59,16 +52,12 @@ public:
     {
         pictures.push_back({area, picture});
     }
-    void HorizontalLine(TwipPoint from, Twips width, int below, Color color) override
-    {
-        lines.push_back({from, width, below, color});
-    }
+    void HorizontalLine(TwipPoint, Twips, int, Color) override {}
     void Frame(const TwipRect& area, Color, Color) override { frames.push_back(area); }
     void FocusFrame(const TwipRect& area) override { focusFrames.push_back(area); }
 
     std::vector<DrawnText> texts;
     std::vector<DrawnPicture> pictures;
-    std::vector<DrawnLine> lines;
     std::vector<TwipRect> frames;
     std::vector<TwipRect> focusFrames;
 };

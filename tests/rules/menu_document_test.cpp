@@ -109,8 +109,8 @@ TEST(MenuDocument, KeepsTheOldMenuWhenTheNewOneCannotBeOpened)
 
 TEST(MenuDocument, TellsOfAMenuThatCannotBeCreated)
 {
-    Desk desk; // a disk that reports its failure only when the file is closed
-    desk.files.failAt = 2;
+    Desk desk;             // the disk reports its failure only when the file is closed
+    desk.files.failAt = 3; // a folder, the file, its end
     desk.prompts.Expect(Answer::ok);
     EXPECT_FALSE(desk.document.CreateNewMenuFile("C:\\Menus\\New.nvm"));
     EXPECT_EQ(desk.prompts.Take().text, "New Menu Could Not Be Created!");

@@ -77,50 +77,5 @@ TEST(MenuFile, IsReadOverTheEndsOfBlocks)
     EXPECT_EQ(ReadTexts("a\r\n" + huge + "\r\nb\r\n" + huge), (Texts{"a", huge, "b", huge}));
 }
 
-TEST(MenuFile, EndsWhereReadingFailsOrIsNoLongerWanted)
-{
-    struct Case {
-        int endAt;  // line
-        int failAt; // operation: opening, the first reading, the second
-        ReadOutcome outcome;
-        std::size_t lines;
-    };
-    const Case cases[] = {{1, 0, ReadOutcome::ended, 1},
-                          {3, 0, ReadOutcome::ended, 3},
-                          {0, 2, ReadOutcome::failed, 0},
-                          {0, 3, ReadOutcome::failed, 2}};
-    for (const Case& c : cases) {
-        FakeFiles files;
-        files.Put(kPath, "one\r\ntwo\r\nlast");
-        files.failAt = c.failAt;
-        SystemError error = 0;
-        const auto file = files.Open(kPath, OpenMode::read, error);
-        MenuLines lines;
-        FakePump pump;
-        pump.endAt = c.endAt;
-        EXPECT_EQ(ReadMenuLines(*file, lines, pump, error), c.outcome);
-        EXPECT_EQ(lines.size(), c.lines);
-        EXPECT_EQ(error, c.outcome == ReadOutcome::failed ? files.failure : 0);
-    }
-}
-
-TEST(MenuLines, KeepEveryTextUntilTheyAreCleared)
-{
-    MenuLines lines;
-    Texts expected;
-    for (std::size_t length = 0; length < 40000; length += 997) {
-        expected.emplace_back(length, static_cast<char>('a' + length % 26));
-        lines.Append(expected.back());
-    }
-    EXPECT_EQ(TextsOf(lines), expected);
-    const std::string_view before = lines[7];
-    lines.Set(7, std::string(before) + "!");
-    EXPECT_EQ(lines[7], expected[7] + "!");
-    EXPECT_EQ(before, expected[7]); // what a view of the old text still shows
-    lines.Clear();
-    lines.Append("new");
-    EXPECT_EQ(TextsOf(lines), Texts{"new"});
-}
-
 } // namespace
 } // namespace nv

@@ -53,12 +53,11 @@ TEST(ShellExe, SplitsCommands)
         {"\"\" x", "", "\"\"", " x"},
     };
     for (const Case& c : cases) {
-        const SplitResult plain = SplitCommand(c.command, false);
-        const SplitResult quoted = SplitCommand(c.command, true);
-        EXPECT_EQ(plain.program, c.plain) << c.command;
-        EXPECT_EQ(quoted.program, c.quoted) << c.command;
-        EXPECT_EQ(plain.arguments, c.arguments) << c.command;
-        EXPECT_EQ(quoted.arguments, c.arguments) << c.command;
+        for (const bool quoted : {false, true}) {
+            const SplitResult split = SplitCommand(c.command, quoted);
+            EXPECT_EQ(split.program, quoted ? c.quoted : c.plain) << c.command;
+            EXPECT_EQ(split.arguments, c.arguments) << c.command;
+        }
     }
 }
 
