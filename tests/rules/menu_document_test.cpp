@@ -133,19 +133,22 @@ TEST(MenuDocument, IsNoDocumentAfterALoadThatStopped)
         EXPECT_EQ(desk.events.Take(), emptied);
         EXPECT_EQ(desk.State(), kNoDocument);
     }
-    Desk desk;
-    desk.Open(true);
-    desk.pump.endAt = 1;
-    EXPECT_FALSE(desk.document.OpenPDM(kOther)); // and nothing is shown
-    EXPECT_EQ(desk.events.Take(), emptied);
-    EXPECT_EQ(desk.State(), kNoDocument);
-    EXPECT_EQ(desk.settings.Text("Settings", "Last"), kStart);
-    EXPECT_EQ(desk.document.CutShort(), kOther);
-    desk.prompts.Expect(Answer::ok);
-    EXPECT_FALSE(desk.document.FOpen("no menu.txt"));
-    EXPECT_EQ(desk.document.CutShort(), kOther); // nothing has taken its place
-    desk.document.SaveMenu();
-    EXPECT_EQ(desk.files.Contents(kOther), "other\r\n");
+    for (const char* content : {"other\r\n", "other"}) {
+        Desk desk;
+        desk.files.Put(kOther, content);
+        desk.Open(true);
+        desk.pump.endAt = 1;
+        EXPECT_FALSE(desk.document.OpenPDM(kOther)); // and nothing is shown
+        EXPECT_EQ(desk.events.Take(), emptied);
+        EXPECT_EQ(desk.State(), kNoDocument);
+        EXPECT_EQ(desk.settings.Text("Settings", "Last"), kStart);
+        EXPECT_EQ(desk.document.CutShort(), kOther);
+        desk.prompts.Expect(Answer::ok);
+        EXPECT_FALSE(desk.document.FOpen("no menu.txt"));
+        EXPECT_EQ(desk.document.CutShort(), kOther); // nothing has taken its place
+        desk.document.SaveMenu();
+        EXPECT_EQ(desk.files.Contents(kOther), content);
+    }
 }
 
 TEST(MenuDocument, IsWholeWhenOnlyItsShowingWasEnded)
@@ -275,7 +278,7 @@ TEST(MenuDocument, AsksBeforeChangesAreLost)
                 desk.prompts.Expect(answer);
             }
             EXPECT_EQ(closing ? desk.document.MayClose() : desk.document.FOpen(kOther), c.leaves);
-            EXPECT_EQ(desk.prompts.shown.front(), SaveQuestion(kStart));
+            EXPECT_EQ(desk.prompts.shown.at(0), SaveQuestion(kStart));
             EXPECT_EQ(desk.files.Contents(kStart), c.saved);
             EXPECT_EQ(desk.document.FFile(), c.leaves && !closing ? kOther : kStart);
             EXPECT_TRUE(c.leaves || desk.document.UnsavedChanges());
