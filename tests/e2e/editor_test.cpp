@@ -62,20 +62,8 @@ protected:
     {
         DeleteFileA(path.c_str());
         PressKey('S', {VK_CONTROL});
-        std::string content;
-        EXPECT_TRUE(Until([&] { return ReadWhole(path, content); }));
-        return content;
-    }
-    static bool ReadWhole(const std::string& path, std::string& content)
-    {
-        std::FILE* file = std::fopen(path.c_str(), "rb");
-        if (file == nullptr) {
-            return false;
-        }
-        char buffer[65536];
-        content.assign(buffer, std::fread(buffer, 1, sizeof buffer, file));
-        std::fclose(file);
-        return true;
+        EXPECT_TRUE(Until([&] { return !std::ifstream(path).fail(); }));
+        return Contents(path);
     }
     // The picker that is shown; waits for it. Null: none came.
     HWND WaitForPicker(const char* title)
@@ -237,10 +225,8 @@ TEST_F(Editor, AsksBeforeChangesAreLost)
         } else {
             EXPECT_TRUE(WaitForMenu(each.leaves ? home : start)) << program.OnScreen();
         }
-        std::string content;
-        EXPECT_TRUE(ReadWhole(start, content));
-        EXPECT_EQ(content, MenuOf(Links(each.saved ? std::vector<std::string>{"b"}
-                                                   : std::vector<std::string>{"a", "b"})));
+        EXPECT_EQ(Contents(start), MenuOf(Links(each.saved ? std::vector<std::string>{"b"}
+                                                           : std::vector<std::string>{"a", "b"})));
         if (!each.leaves) { // Revert asks as well
             ASSERT_TRUE(ClickButton("Revert"));
             const auto again = program.WaitForBox();

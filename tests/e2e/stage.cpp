@@ -27,14 +27,6 @@ void ForgetRegistry()
 
 } // namespace
 
-std::string FromTests(const std::string& path)
-{
-    char own[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, own, sizeof own);
-    const std::string whole = own;
-    return whole.substr(0, whole.rfind('\\') + 1) + path;
-}
-
 std::string LineOf(const Entry& entry)
 {
     return std::to_string(entry.type) + "><CAPTION>" + entry.caption + "</CAPTION> <LINK>" +

@@ -36,9 +36,6 @@ struct Entry {
 std::string LineOf(const Entry& entry);
 std::string MenuOf(const std::vector<Entry>& entries);
 
-// The path of what was built, from its path as seen from the program of the tests.
-std::string FromTests(const std::string& path);
-
 class Stage : public ::testing::Test
 {
 protected:

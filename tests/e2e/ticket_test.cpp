@@ -105,17 +105,6 @@ protected:
         PostMessageA(picker, WM_COMMAND, name.empty() ? IDCANCEL : IDOK, 0);
         return picker;
     }
-    std::string Content(const std::string& name) const
-    {
-        std::FILE* file = std::fopen(Path(name).c_str(), "rb");
-        if (file == nullptr) {
-            return "no file";
-        }
-        char buffer[4096];
-        std::string content(buffer, std::fread(buffer, 1, sizeof buffer, file));
-        std::fclose(file);
-        return content;
-    }
     // Holds the clipboard, so that no other program can open it, until CloseClipboard.
     void HoldClipboard() const
     {
@@ -226,7 +215,7 @@ TEST_F(Ticket, IsSavedToAFile)
     SaveAs(Path("ticket"));
     ExpectBox("Your Trouble Ticket has been copied to file: " + Path("ticket.txt") + ".",
               BoxIcon::information);
-    EXPECT_EQ(Content("ticket.txt"), ticket);
+    EXPECT_EQ(Contents(Path("ticket.txt")), ticket);
     EXPECT_TRUE(WaitForFocus(kClose));
 
     const HANDLE held = CreateFileA(Write("held.txt", "old").c_str(), GENERIC_READ, FILE_SHARE_READ,
@@ -237,7 +226,7 @@ TEST_F(Ticket, IsSavedToAFile)
     EXPECT_TRUE(Running().Answer(*overwrite, "Yes"));
     ExpectBox("Cannot write your Trouble Ticket to file: " + Path("held.txt"), BoxIcon::stop);
     CloseHandle(held);
-    EXPECT_EQ(Content("held.txt"), "old");
+    EXPECT_EQ(Contents(Path("held.txt")), "old");
     EXPECT_TRUE(WaitForFocus(kToFile));
     EXPECT_EQ(Text(kEmail), "ann@office.example");
 }

@@ -1,4 +1,5 @@
 // The system's own pickers, worked from a second thread as a user works them.
+#include "e2e/driver.h"
 #include "platform/system_colors.h"
 #include "system/com_dial.h"
 #include "windows/scratch_folder.h"
@@ -16,24 +17,9 @@ namespace
 {
 
 constexpr int kFileName = 0x47C; // cmb13 in <dlgs.h> of newer systems
+using e2e::TextOf;
+using e2e::Until;
 using Act = std::function<void(HWND picker)>;
-
-bool Until(const std::function<bool()>& condition)
-{
-    for (const DWORD end = GetTickCount() + 10000; !condition(); Sleep(2)) {
-        if (GetTickCount() > end) {
-            return false;
-        }
-    }
-    return true;
-}
-
-std::string TextOf(HWND window)
-{
-    char text[300] = {};
-    SendMessageA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
-    return text;
-}
 
 // The open dialog of that thread with that title; waits for it.
 HWND WaitForDialog(DWORD thread, const char* title)
@@ -209,7 +195,12 @@ TEST(FontPicker, ShowsAFontAndReadsItBack)
         SendDlgItemMessageA(picker, chx2, BM_CLICK, 0, 0); // underline
     };
     const Font regular{"Tahoma", 12, false, false, false, false, 0};
+    const Font bold{"Tahoma", 12, true, false, false, false, 0};
+    const Font other{"Tahoma", 20, true, false, true, true, 0};
     const Font all{"Tahoma", 8, true, true, true, true, 238};
+    const char regularShown[] = "Tahoma, Regular, 12, 0";
+    const char allShown[] = "Tahoma, Bold Italic, 8, 1";
+    constexpr Color kCancelled = ComDial::kCancelled;
     struct Case {
         const char* what;
         Font font;
@@ -222,27 +213,11 @@ TEST(FontPicker, ShowsAFontAndReadsItBack)
     };
     // Whatever comes back is bold.
     const Case cases[] = {
-        {"left alone",
-         regular,
-         0x123456,
-         "Tahoma, Regular, 12, 0",
-         leave,
-         IDOK,
-         {"Tahoma", 12, true, false, false, false, 0},
-         0x123456},
-        {"all set", all, kButtonText, "Tahoma, Bold Italic, 8, 1", leave, IDOK, all, kButtonText},
-        {"changed",
-         regular,
-         kButtonText,
-         "Tahoma, Regular, 12, 0",
-         change,
-         IDOK,
-         {"Tahoma", 20, true, false, true, true, 0},
-         0xFF0000},
-        {"a color like the cancelled one", all, ComDial::kCancelled, "Tahoma, Bold Italic, 8, 1",
-         leave, IDOK, all, 0},
-        {"cancelled", regular, 0xFF, "Tahoma, Regular, 12, 0", change, IDCANCEL, regular,
-         ComDial::kCancelled},
+        {"left alone", regular, 0x123456, regularShown, leave, IDOK, bold, 0x123456},
+        {"all set", all, kButtonText, allShown, leave, IDOK, all, kButtonText},
+        {"changed", regular, kButtonText, regularShown, change, IDOK, other, 0xFF0000},
+        {"a color like the cancelled one", all, kCancelled, allShown, leave, IDOK, all, 0},
+        {"cancelled", regular, 0xFF, regularShown, change, IDCANCEL, regular, kCancelled},
     };
     const HDC screen = GetDC(nullptr);
     for (const Case& c : cases) {

@@ -1,11 +1,7 @@
 // The edit panel by itself, where no other process can reach: files dropped on its list, texts
 // that its boxes cannot hold.
 #include "docs/menu_line.h"
-#include "fakes/fake_document_events.h"
-#include "fakes/fake_files.h"
-#include "fakes/fake_prompts.h"
-#include "fakes/fake_pump.h"
-#include "fakes/fake_settings.h"
+#include "fakes/fake_desk.h"
 #include "mainwindow/edit_panel.h"
 #include "win32/screen.h"
 #include "win32/window_text.h"
@@ -33,11 +29,13 @@ protected:
         for (const std::string& caption : captions) {
             content += EncodeLine({ItemType::vLink, caption, command, {}, 0}) + "\r\n";
         }
-        files_.Put(kPath, content);
+        desk_.files.Put(kPath, content);
+        panel_.UseChanged = panel_.LinesEdited = [] {};
+        panel_.MayEdit = [] { return true; };
         ASSERT_TRUE(panel_.Create(parent_));
         MoveWindow(panel_.Handle(), 0, 0, 520, 353, FALSE);
         panel_.FitFonts();
-        ASSERT_TRUE(document_.FOpen(kPath));
+        ASSERT_TRUE(desk_.document.FOpen(kPath));
         panel_.Editor().Loaded();
         panel_.Show();
     }
@@ -79,26 +77,18 @@ protected:
         return at;
     }
 
-    FakeFiles files_;
-    FakePrompts prompts_;
-    FakeSettings settings_;
-    FakePump pump_;
-    FakeDocumentEvents events_;
-    MenuDocument document_{files_, prompts_, settings_, pump_, events_, ProcessCodePage(), {}};
+    FakeDesk<> desk_;
     ScreenScale scale_ = PrimaryScreenScale();
     GdiText text_{scale_, ProcessCodePage()};
     Pictures pictures_{scale_};
     ComDial comDial_{"C:\\"};
     HWND parent_ = CreateWindowA("STATIC", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 600, 450,
                                  nullptr, nullptr, nullptr, nullptr);
-    EditPanel panel_{text_, pictures_, document_, comDial_, [](Command) {}};
+    EditPanel panel_{text_, pictures_, desk_.document, comDial_, [](Command) {}};
 };
 
 TEST_F(Panel, DroppedFilesBecomeLinks)
 {
-    panel_.UseChanged = [] {};
-    panel_.LinesEdited = [] {};
-    panel_.MayEdit = [] { return true; };
     Open({"a", "b"});
     Drop({"C:\\Program Files\\one.exe", "C:\\two.txt"}, InList(0.8));
     const std::vector<std::string> items = {
@@ -117,9 +107,6 @@ TEST_F(Panel, DroppedFilesBecomeLinks)
 
 TEST_F(Panel, WhatABoxCannotHoldStaysAsItIs)
 {
-    panel_.UseChanged = [] {};
-    panel_.LinesEdited = [] {};
-    panel_.MayEdit = [] { return true; };
     std::string command(40000, 'c');
     const std::string caption("a\0b", 3);
     Open({caption}, command);
@@ -132,7 +119,7 @@ TEST_F(Panel, WhatABoxCannotHoldStaysAsItIs)
     SendMessageA(Control(EditPanel::kTypeBox), CB_SETCURSEL, 2, 0);
     SendMessageA(panel_.Handle(), WM_COMMAND, MAKEWPARAM(EditPanel::kTypeBox, CBN_SELCHANGE), 0);
     const MenuItem expected = {ItemType::vLabel, caption, command, {}, 0};
-    EXPECT_EQ(DecodeLine(document_.Lines()[0], {}), expected);
+    EXPECT_EQ(DecodeLine(desk_.document.Lines()[0], {}), expected);
 }
 
 TEST(WindowText, KnowsWhatStandsAroundTheSelection)

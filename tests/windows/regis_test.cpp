@@ -45,9 +45,8 @@ protected:
     // Puts a value there as another program would.
     static void PutRaw(const char* name, DWORD type, const std::string& bytes)
     {
-        EXPECT_EQ(RegSetValueExA(Key("Settings").Get(), name, 0, type,
-                                 reinterpret_cast<const BYTE*>(bytes.data()),
-                                 static_cast<DWORD>(bytes.size())),
+        EXPECT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, Path("\\Settings").c_str(), name, type,
+                                  bytes.data(), static_cast<DWORD>(bytes.size())),
                   ERROR_SUCCESS);
     }
     // Type and bytes of a stored value.

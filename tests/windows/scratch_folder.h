@@ -2,11 +2,28 @@
 
 #include <windows.h>
 
+#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
 
 namespace nv
 {
+
+// The path of what was built, from its path as seen from the program of the tests.
+inline std::string FromTests(const std::string& path)
+{
+    char own[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, own, sizeof own);
+    const std::string whole = own;
+    return whole.substr(0, whole.rfind('\\') + 1) + path;
+}
+
+// The bytes of a file; of one that cannot be read, none.
+inline std::string Contents(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
 // A folder of the test's own below the system's temporary folder; gone with all in it afterwards.
 class ScratchFolder

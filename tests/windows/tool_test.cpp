@@ -1,9 +1,10 @@
 // The built nvmtool.exe, as a command prompt or another program runs it.
 #include "scratch_folder.h"
+#include "win32/handles.h"
 
 #include <windows.h>
 
-#include <fstream>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -13,51 +14,6 @@ namespace nv
 namespace
 {
 
-std::string ToolPath()
-{
-    char path[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, path, sizeof path);
-    const std::string own = path;
-    return own.substr(0, own.rfind('\\') + 1) + TOOL_FROM_TESTS;
-}
-
-std::string ProgramPath(const std::string& name)
-{
-    const std::string tool = ToolPath();
-    return tool.substr(0, tool.rfind('/') + 1) + name;
-}
-
-class Pipe
-{
-public:
-    Pipe()
-    {
-        SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
-        EXPECT_TRUE(CreatePipe(&read_, &write, &inherited, 0));
-        SetHandleInformation(read_, HANDLE_FLAG_INHERIT, 0);
-    }
-    ~Pipe() { CloseHandle(read_); }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-
-    // All that comes until the other end is closed.
-    std::string ReadAll()
-    {
-        CloseHandle(write);
-        std::string text;
-        char buffer[4096];
-        for (DWORD got = 0; ReadFile(read_, buffer, sizeof buffer, &got, nullptr) && got > 0;) {
-            text.append(buffer, got);
-        }
-        return text;
-    }
-
-    HANDLE write = nullptr;
-
-private:
-    HANDLE read_ = nullptr;
-};
-
 class NvmTool : public testing::Test
 {
 protected:
@@ -66,7 +22,7 @@ protected:
     // Starts the tool in the scratch folder; its exit code.
     DWORD Start(const std::string& arguments, HANDLE output, HANDLE error)
     {
-        std::string commandLine = '"' + ToolPath() + "\" " + arguments;
+        std::string commandLine = '"' + FromTests(TOOL_FROM_TESTS) + "\" " + arguments;
         STARTUPINFOA startup = {};
         startup.cb = sizeof startup;
         startup.dwFlags = STARTF_USESTDHANDLES;
@@ -83,14 +39,22 @@ protected:
         CloseHandle(process.hProcess);
         return code;
     }
-    // What it writes (little) stands in output_ and error_ then.
+    // A file that the tool can write to.
+    HANDLE Made(const std::string& name) const
+    {
+        SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+        return CreateFileA((scratch_ / name).c_str(), GENERIC_WRITE,
+                           FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, CREATE_ALWAYS, 0,
+                           nullptr);
+    }
+    // What it writes stands in output_ and error_ then.
     DWORD Run(const std::string& arguments)
     {
-        Pipe output;
-        Pipe error;
-        const DWORD code = Start(arguments, output.write, error.write);
-        output_ = output.ReadAll();
-        error_ = error.ReadAll();
+        const FileHandle output(Made("output"));
+        const FileHandle error(Made("error"));
+        const DWORD code = Start(arguments, output.Get(), error.Get());
+        output_ = Contents(scratch_ / "output");
+        error_ = Contents(scratch_ / "error");
         return code;
     }
     std::string Write(const std::string& name, const std::string& content)
@@ -107,8 +71,8 @@ protected:
 TEST_F(NvmTool, TellsByItsExitCode)
 {
     // Menus that ship are as the program writes them; the programs they start differ by machine.
-    EXPECT_EQ(Run("check --no-links \"" + ProgramPath("Start.nvm") + "\" \"" +
-                  ProgramPath("Samples\\*.nvm") + '"'),
+    EXPECT_EQ(Run("check --no-links \"" + FromTests("../program/Start.nvm") + "\" \"" +
+                  FromTests("../program/Samples\\*.nvm") + '"'),
               0u);
     EXPECT_EQ(output_ + error_, "");
     EXPECT_EQ(Run("check gone.nvm"), 2u);
@@ -135,19 +99,15 @@ TEST_F(NvmTool, ImportsAMenuWhoseLinksAreFound)
     EXPECT_EQ(Run("import \"My menus\\\" -o all.nvm"), 2u);
     EXPECT_EQ(Run("check all.nvm"), 0u) << output_ << error_;
     EXPECT_EQ(Run("list all.nvm"), 0u);
-    std::string cells; // type, caption and command
-    for (std::size_t at = 0; at < output_.size(); at = output_.find('\n', at) + 1) {
-        const auto from = output_.find("\tv", at);
-        cells += from == std::string::npos || from > output_.find('\n', at)
-                     ? ""
-                     : output_.substr(from, output_.find("\tTahoma", from) - from) + '\n';
+    const auto cells = [](const char* caption, const std::string& command) {
+        return caption + ("\t\"" + command) + "\"\tTahoma";
+    };
+    EXPECT_EQ(std::count(output_.begin(), output_.end(), '\n'), 4); // none of those not seen
+    for (const std::string& row : {std::string("\tvTitle\tMy menus\t\t"),
+                                   cells("\tCaf\xE9", scratch_ / "My menus\\Caf\xE9.nvm"),
+                                   cells("\tread me", scratch_ / "My menus\\read me.exe")}) {
+        EXPECT_NE(output_.find(row), std::string::npos) << output_;
     }
-    EXPECT_EQ(cells, "\tvTitle\tMy menus\t\n"
-                     "\tvLink\tCaf\xE9\t\"" +
-                         (scratch_ / "My menus\\Caf\xE9.nvm") +
-                         "\"\n"
-                         "\tvLink\tread me\t\"" +
-                         (scratch_ / "My menus\\read me.exe") + "\"\n");
 
     // The program would look for it in its own folder, not in the current one.
     Write("here.nvm", "3><CAPTION></CAPTION> <LINK>all.nvm</LINK>\r\n");

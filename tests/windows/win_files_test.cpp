@@ -1,19 +1,12 @@
 #include "scratch_folder.h"
 #include "win32/win_files.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
 
 namespace nv
 {
 namespace
 {
-
-std::string ReadFile(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 SystemError WriteFile(const std::string& path, OpenMode mode, const std::string& text)
 {
@@ -36,12 +29,12 @@ TEST(WinFiles, OpenAsTheModeSays)
     EXPECT_EQ(WriteFile(path, OpenMode::createNew, "first text"), 0u);
     EXPECT_EQ(WriteFile(path, OpenMode::createNew, "x"), DWORD{ERROR_FILE_EXISTS});
     EXPECT_EQ(WriteFile(path, OpenMode::change, "FIRST"), 0u);
-    EXPECT_EQ(ReadFile(path), "FIRST text");
+    EXPECT_EQ(Contents(path), "FIRST text");
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_HIDDEN);
     EXPECT_EQ(WriteFile(path, OpenMode::overwrite, "cut"), 0u);
-    EXPECT_EQ(ReadFile(path), "cut");
+    EXPECT_EQ(Contents(path), "cut");
     EXPECT_EQ(WriteFile(folder / "b.nvm", OpenMode::overwrite, ""), 0u);
-    EXPECT_EQ(ReadFile(folder / "b.nvm"), "");
+    EXPECT_EQ(Contents(folder / "b.nvm"), "");
 
     WinFiles files;
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
@@ -73,7 +66,7 @@ TEST(WinFiles, AreRewrittenAndCutInPlace)
     EXPECT_EQ(file->Close(), 0u);
     EXPECT_EQ(file->Close(), 0u); // closed already: nothing is closed twice
     EXPECT_NE(file->Write("x", 1), 0u);
-    EXPECT_EQ(ReadFile(path), "new");
+    EXPECT_EQ(Contents(path), "new");
 }
 
 TEST(WinFiles, AreListedWithoutFolders)
@@ -104,7 +97,7 @@ TEST(WinFiles, TakeTheNameAndAttributesOfAnother)
     SetFileAttributesA(to.c_str(), FILE_ATTRIBUTE_HIDDEN);
     WinFiles files;
     EXPECT_EQ(files.Replace(from, to), 0u);
-    EXPECT_EQ(ReadFile(to), "new");
+    EXPECT_EQ(Contents(to), "new");
     EXPECT_NE(GetFileAttributesA(to.c_str()) & FILE_ATTRIBUTE_HIDDEN, 0u);
     EXPECT_FALSE(files.Attributes(from).exists);
     EXPECT_EQ(files.Replace(to, from), 0u); // where no file of that name is

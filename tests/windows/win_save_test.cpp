@@ -1,38 +1,20 @@
 // Saves against real files: what refuses to be written, and a program that dies while it saves.
-#include "docs/menu_document.h"
 #include "docs/safe_save.h"
-#include "fakes/fake_document_events.h"
-#include "fakes/fake_prompts.h"
-#include "fakes/fake_pump.h"
-#include "fakes/fake_settings.h"
+#include "e2e/driver.h"
+#include "fakes/fake_desk.h"
 #include "save_child.h"
 #include "scratch_folder.h"
 #include "win32/handles.h"
 #include "win32/win_files.h"
 
-#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace nv
 {
 namespace
 {
-
-std::string Contents(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-struct Desk {
-    WinFiles files;
-    FakePrompts prompts;
-    FakeSettings settings;
-    FakePump pump;
-    FakeDocumentEvents events;
-    MenuDocument document{files, prompts, settings, pump, events, CodePage(), Font()};
-};
 
 TEST(WinSave, ReportsWhatCannotBeWrittenAndLeavesIt)
 {
@@ -59,7 +41,7 @@ TEST(WinSave, ReportsWhatCannotBeWrittenAndLeavesIt)
         {"Q:\\Menus\\Start.nvm", [] {}, ERROR_PATH_NOT_FOUND},
         {folder / "a?b.nvm", [] {}, ERROR_INVALID_NAME},
     };
-    Desk desk;
+    FakeDesk<WinFiles> desk;
     desk.document.Lines().Append("5>");
     ASSERT_TRUE(desk.document.SavePDM(path));
     desk.document.SetMCh(true);
@@ -82,26 +64,6 @@ TEST(WinSave, ReportsWhatCannotBeWrittenAndLeavesIt)
     EXPECT_EQ(desk.files.List(folder / "*", 9), (std::vector<std::string>{"Start.nvm"}));
 }
 
-// The program that saves, next to this one.
-KernelHandle StartChild(const std::string& path)
-{
-    char self[MAX_PATH] = {};
-    GetModuleFileNameA(nullptr, self, MAX_PATH);
-    const std::string own = self;
-    std::string command =
-        "\"" + own.substr(0, own.rfind('\\')) + "\\save_child.exe\" \"" + path + "\"";
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process)) {
-        ADD_FAILURE() << command << ": " << GetLastError();
-        return KernelHandle();
-    }
-    CloseHandle(process.hThread);
-    return KernelHandle(process.hProcess);
-}
-
 TEST(WinSave, LeavesAWholeFileWhenTheProgramIsKilled)
 {
     const ScratchFolder folder;
@@ -109,18 +71,17 @@ TEST(WinSave, LeavesAWholeFileWhenTheProgramIsKilled)
     WinFiles files;
     SafeSave first(files, path);
     ASSERT_TRUE(first.Begin() == 0 && first.Finish(SavedMenu(false)) == 0);
+    const std::string command = '"' + FromTests("save_child.exe") + "\" \"" + path + '"';
     int halfWritten = 0;
     for (int round = 0; round < 8; ++round) {
-        const KernelHandle child = StartChild(path);
-        ASSERT_TRUE(child);
+        auto child = std::make_unique<e2e::Program>(command);
         // Killed the moment its temporary is seen for the n-th time.
         const ULONGLONG deadline = GetTickCount64() + 20000;
         for (int seen = 0; seen <= round * 2 && GetTickCount64() < deadline;) {
             seen += files.List(folder / "*.tmp", 1).empty() ? 0 : 1;
         }
-        ASSERT_EQ(WaitForSingleObject(child.Get(), 0), DWORD{WAIT_TIMEOUT}) << "it ended by itself";
-        ASSERT_TRUE(TerminateProcess(child.Get(), 9));
-        ASSERT_EQ(WaitForSingleObject(child.Get(), 20000), DWORD{WAIT_OBJECT_0});
+        ASSERT_TRUE(child->Running()) << "it ended by itself";
+        child.reset();
         const std::string contents = Contents(path);
         EXPECT_TRUE(contents == SavedMenu(true) || contents == SavedMenu(false))
             << round << ": " << contents.size() << " bytes";
