@@ -112,7 +112,7 @@ void CheckPath(std::string_view path)
 
 void CheckCommandLine(std::string_view text)
 {
-    const CommandLine line = ParseCommandLine(text);
+    const CommandLine line = ParseCommandLine(text, CodePage());
     const std::string upper = UpperCase(text);
     const char* found = std::strstr(upper.c_str(), "/L");
     if (text.find('\0') == std::string_view::npos) { // which no command line has
