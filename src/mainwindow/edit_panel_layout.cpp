@@ -78,6 +78,9 @@ void EditPanel::MoveTo(HWND window, const TwipRect& area) const
 
 void EditPanel::OnSize()
 {
+    if (commandBox_ == nullptr) {
+        return; // the platform sizes a window while it makes it, before there are controls
+    }
     RECT pixels = {};
     GetClientRect(Handle(), &pixels);
     const TwipRect client = ToTwips(pixels, text_.Scale());

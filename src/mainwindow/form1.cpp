@@ -5,6 +5,7 @@
 #include "mainwindow/command_line.h"
 #include "mainwindow/help.h"
 #include "mainwindow/link_click.h"
+#include "platform/mark.h"
 #include "resource.h"
 #include "support/nv_support.h"
 #include "system/assoc.h"
@@ -370,6 +371,9 @@ void Form1::ShowHelp()
 
 void Form1::ShowHelpPage()
 {
+    if (tellingNoHelp_) {
+        return; // the key was pressed in the box below
+    }
     const std::string page = HelpPage(programFolder_, HelpContextAt(GetFocus()));
     const bool there = FileExists(files_, page);
     ShellStartRequest request;
@@ -377,7 +381,12 @@ void Form1::ShowHelpPage()
     request.verb = "open";
     request.file = page;
     if (!there || shell_.StartByShell(request) <= kLastShellFailure) {
+        const Mark telling(tellingNoHelp_);
+        // Over another box, too, which then has to wait.
+        const HWND owner = prompts_.Owner();
+        prompts_.SetOwner(GetLastActivePopup(Handle()));
         prompts_.Ask(NoHelpPageText(page, there), PromptIcon::exclamation, PromptButtons::ok);
+        prompts_.SetOwner(owner);
     }
 }
 

@@ -147,6 +147,7 @@ private:
     bool busy_ = false;
     bool columnStale_ = false;     // the lines were edited since the column was built
     bool menuOpened_ = false;      // since a dialog was shown
+    bool tellingNoHelp_ = false;   // the box about it is shown
     bool rebuildCutShort_ = false; // the building of the column from edited lines was ended
 };
 
