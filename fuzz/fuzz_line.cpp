@@ -69,13 +69,12 @@ void CheckLine(std::string_view line)
     if (!HoldsMark(item.caption) && !HoldsMark(item.link) && !HoldsMark(item.font.name)) {
         CHECK(DecodeLine(written, kDefault) == item);
     }
-    for (const CodePage& codePage : kCodePages) {
-        const auto findings = LineFindings(line, item, codePage);
-        // What nothing is said about is what the program itself would have written.
-        CHECK(!findings.empty() || written == line);
-        for (const std::string& finding : findings) {
-            CHECK(!finding.empty() && finding.find_first_of("\r\n\t\x01") == std::string::npos);
-        }
+    const CodePage& codePage = kCodePages[line.size() % kCodePages.size()];
+    const auto findings = LineFindings(line, item, codePage);
+    // What nothing is said about is what the program itself would have written.
+    CHECK(!findings.empty() || written == line);
+    for (const std::string& finding : findings) {
+        CHECK(!finding.empty() && finding.find_first_of("\r\n\t\x01") == std::string::npos);
     }
 }
 

@@ -11,6 +11,8 @@ namespace nv
 namespace
 {
 
+// Most menus fit into the first block; long ones are read in larger ones.
+constexpr std::size_t kFirstChunk = std::size_t{16} * 1024;
 constexpr std::size_t kChunk = std::size_t{256} * 1024;
 constexpr char kStoredBreak = '\x01';
 
@@ -70,7 +72,8 @@ ReadOutcome LineReader::Run(SystemError& error)
 void LineReader::MakeRoom()
 {
     const auto unfinished = static_cast<std::size_t>(used_ - lineStart_);
-    const std::size_t size = unfinished + std::max(kChunk, unfinished);
+    const std::size_t chunk = lineStart_ == nullptr ? kFirstChunk : kChunk;
+    const std::size_t size = unfinished + std::max(chunk, unfinished);
     char* block = lines_.NewBlock(size);
     std::copy_n(lineStart_, unfinished, block);
     lineStart_ = block;

@@ -60,17 +60,22 @@ TEST(MenuFile, IsReadLineByLine)
     }
 }
 
-// Blocks are a quarter of a megabyte: line ends, stored breaks and long lines across the end of
-// one.
+// Line ends, stored breaks and long lines across the end of a block, of which the first is small.
 TEST(MenuFile, IsReadOverTheEndsOfBlocks)
 {
+    constexpr std::size_t kFirst = std::size_t{16} * 1024;
     constexpr std::size_t kBlock = std::size_t{256} * 1024;
+    const std::string before(kFirst - 2, 'b'); // with its line end it fills the first block
     const Texts ends = {"\r\n", "\r", "\n", "\x01\r\n"};
     for (const std::string& end : ends) {
         const std::string tail = end.front() == '\x01' ? "\r\n" : "";
-        for (std::size_t length = kBlock - 3; length <= kBlock; ++length) {
-            const std::string line(length, 'x');
-            EXPECT_EQ(ReadTexts(line + end + "next"), (Texts{line + tail, "next"})) << length;
+        for (std::size_t left = 0; left <= 3; ++left) {
+            const std::string first(kFirst - left, 'x');
+            EXPECT_EQ(ReadTexts(first + end + "next"), (Texts{first + tail, "next"})) << left;
+            const std::string second(kBlock - left, 'x');
+            EXPECT_EQ(ReadTexts(before + "\r\n" + second + end + "next"),
+                      (Texts{before, second + tail, "next"}))
+                << left;
         }
     }
     const std::string huge(5 * kBlock + 77, 'y');
