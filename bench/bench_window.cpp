@@ -26,8 +26,9 @@ double TimeOf(const std::function<void()>& work)
     return Milliseconds() - start;
 }
 
-BenchWindow::BenchWindow(const std::string& folder, std::vector<std::size_t> entries)
-    : form_(MakeForm(ProgramFolder() + "\\" + folder, entries))
+BenchWindow::BenchWindow(const std::string& folder, std::vector<std::size_t> entries,
+                         std::vector<std::string> targets)
+    : form_(MakeForm(ProgramFolder() + "\\" + folder, entries, targets))
 {
     const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
@@ -39,7 +40,8 @@ BenchWindow::BenchWindow(const std::string& folder, std::vector<std::size_t> ent
     Settle();
 }
 
-Form1& BenchWindow::MakeForm(const std::string& folder, const std::vector<std::size_t>& entries)
+Form1& BenchWindow::MakeForm(const std::string& folder, const std::vector<std::size_t>& entries,
+                             const std::vector<std::string>& targets)
 {
     CreateDirectoryA(folder.c_str(), nullptr);
     CreateDirectoryA((folder + "\\menus").c_str(), nullptr);
@@ -50,6 +52,7 @@ Form1& BenchWindow::MakeForm(const std::string& folder, const std::vector<std::s
         menus.push_back(folder + "\\menus\\" + std::to_string(count) + ".nvm");
         fileSizes_.push_back(WriteMenu(menus.back(), count));
     }
+    menus.insert(menus.end(), targets.begin(), targets.end());
     WriteMenu(folder + "\\Home.nvm", 10, menus);
     return ownForm_.emplace(pump_, folder, Form1::Version{1, 0, 0}, "");
 }

@@ -27,9 +27,11 @@ struct Opening {
 class BenchWindow
 {
 public:
-    // folder: its name, beside the benchmark. entries: of each menu. Ends the process when there is
-    // no window.
-    BenchWindow(const std::string& folder, std::vector<std::size_t> entries);
+    // folder: its name, beside the benchmark. entries: of each menu. targets: further commands that
+    // the home menu has links for, after those to the menus. Ends the process when there is no
+    // window.
+    BenchWindow(const std::string& folder, std::vector<std::size_t> entries,
+                std::vector<std::string> targets = {});
 
     // Back to the home menu, then the menu of that index.
     Opening Open(std::size_t menu);
@@ -47,7 +49,8 @@ public:
 private:
     static LRESULT CALLBACK WatchPaint(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                        UINT_PTR, DWORD_PTR bench);
-    Form1& MakeForm(const std::string& folder, const std::vector<std::size_t>& entries);
+    Form1& MakeForm(const std::string& folder, const std::vector<std::size_t>& entries,
+                    const std::vector<std::string>& targets);
     bool FillsView();
 
     ProcessSetup setup_;

@@ -1,10 +1,12 @@
-// column_bench: opens, paints, scrolls and points at menus of 10, 100 and 100,000 entries in a main
+// column_bench: opens, paints, scrolls and points at menus of 10 to 100,000 entries in a main
 // window of the program's own, in this process.
 #include "bench_window.h"
 #include "figures.h"
 
-#include <cstdio>
+#include <array>
+#include <cstring>
 #include <psapi.h>
+#include <winternl.h>
 
 namespace
 {
@@ -19,7 +21,11 @@ using bench::Tell;
 using bench::TimeOf;
 
 constexpr int kRounds = 9;
-constexpr std::size_t kEntries = 100000;
+constexpr std::array<std::size_t, 5> kEntries = {10, 100, 1000, 10000, 100000};
+constexpr std::size_t kTen = 0;
+constexpr std::size_t kHundred = 1;
+constexpr std::size_t kThousand = 2;
+constexpr std::size_t kLarge = 4;
 
 BOOL CALLBACK Count(HWND window, LPARAM count)
 {
@@ -112,38 +118,75 @@ int Windows()
     return count;
 }
 
-void ReportMemoryAndWindows(BenchWindow& bench)
+// The process's handles in the system's table of all; the count that the system keeps for each
+// process is always 0 under Wine.
+int Handles()
 {
-    bench.Open(0);
+    struct Entry {
+        ULONG process;
+        BYTE rest[20];
+    };
+    std::vector<BYTE> table(16);
+    const auto information = static_cast<SYSTEM_INFORMATION_CLASS>(16); // SystemHandleInformation
+    while (NtQuerySystemInformation(information, table.data(), static_cast<ULONG>(table.size()),
+                                    nullptr) != 0) {
+        table.resize(table.size() * 2);
+        if (table.size() > (1u << 28)) {
+            return -1;
+        }
+    }
+    ULONG count = 0;
+    std::memcpy(&count, table.data(), sizeof count);
+    int own = 0;
+    for (ULONG index = 0; index < count; ++index) {
+        Entry entry = {};
+        std::memcpy(&entry, table.data() + 8 + index * sizeof entry, sizeof entry);
+        own += entry.process == GetCurrentProcessId() ? 1 : 0;
+    }
+    return own;
+}
+
+void ReportMemoryAndHandles(BenchWindow& bench)
+{
+    bench.Open(kTen);
     const Memory small = UsedMemory();
     const int windows = Windows();
-    bench.Open(2);
+    const int handles = Handles();
+    bench.Open(kLarge);
     const Memory large = UsedMemory();
-    const auto text = static_cast<double>(bench.FileSize(2));
-    const auto entries = static_cast<double>(kEntries);
+    const auto text = static_cast<double>(bench.FileSize(kLarge));
+    const auto entries = static_cast<double>(kEntries[kLarge]);
     Tell("memory an entry beyond its text, own", (large.own - small.own - text) / entries, "bytes");
     Report("memory an entry beyond its text (in RAM)", (large.inRam - small.inRam - text) / entries,
            1024, "bytes");
     Tell("windows with 10 entries", windows, "");
     Report("windows more with 100,000 entries than with 10", Windows() - windows, 0, "windows");
+    Tell("handles of the kernel with 10 entries", handles, "");
+    Report("handles more with 100,000 entries than with 10", Handles() - handles, 0, "handles");
 }
 
 void ReportOpening(BenchWindow& bench)
 {
-    std::vector<double> smallFirst;
-    std::vector<double> largeFirst;
-    std::vector<double> whole;
+    std::array<std::vector<double>, kEntries.size()> first;
+    std::array<std::vector<double>, kEntries.size()> whole;
     for (int round = 0; round < kRounds; ++round) {
-        smallFirst.push_back(bench.Open(0).firstScreen);
-        const Opening large = bench.Open(2);
-        largeFirst.push_back(large.firstScreen);
-        whole.push_back(large.whole);
+        for (std::size_t menu = 0; menu < kEntries.size(); ++menu) {
+            const Opening opening = bench.Open(menu);
+            first[menu].push_back(opening.firstScreen);
+            whole[menu].push_back(opening.whole);
+        }
     }
-    Tell("first screen of 10 entries", LowQuarter(smallFirst), "ms");
-    Tell("first screen of 100,000 entries", LowQuarter(largeFirst), "ms");
+    for (std::size_t menu = 0; menu < kEntries.size(); ++menu) {
+        const std::string of = " of " + std::to_string(kEntries[menu]) + " entries";
+        Tell("first screen" + of, LowQuarter(first[menu]), "ms");
+        Tell("whole column" + of, LowQuarter(whole[menu]), "ms");
+    }
     Report("first screen: 100,000 entries later than 10",
-           LowQuarter(largeFirst) - LowQuarter(smallFirst), 60, "ms");
-    Report("whole column and item list of 100,000", LowQuarter(whole), 1000, "ms");
+           LowQuarter(first[kLarge]) - LowQuarter(first[kTen]), 60, "ms");
+    Report("whole column and item list of 100,000", LowQuarter(whole[kLarge]), 1000, "ms");
+    const auto more = static_cast<double>(kEntries[kLarge] / kEntries[kThousand]);
+    Report("whole column, an entry: 100,000 entries / 1,000",
+           LowQuarter(whole[kLarge]) / LowQuarter(whole[kThousand]) / more, 1.2, "times");
 }
 
 // One of the costs in both menus, round by round.
@@ -161,9 +204,9 @@ void ReportCosts(BenchWindow& bench)
                                 {"scrolling a step", &Costs::scroll, {}, {}, {}},
                                 {"pointing at an entry", &Costs::point, {}, {}, {}}};
     for (int round = 0; round < kRounds; ++round) {
-        bench.Open(1);
+        bench.Open(kHundred);
         const Costs hundred = Measure(bench);
-        bench.Open(2);
+        bench.Open(kLarge);
         const Costs large = Measure(bench);
         for (Comparison& each : comparisons) {
             each.hundred.push_back(LowQuarter(hundred.*each.cost));
@@ -183,8 +226,8 @@ void ReportCosts(BenchWindow& bench)
 
 int main()
 {
-    BenchWindow bench("column", {10, 100, kEntries});
-    ReportMemoryAndWindows(bench);
+    BenchWindow bench("column", {kEntries.begin(), kEntries.end()});
+    ReportMemoryAndHandles(bench);
     ReportOpening(bench);
     ReportCosts(bench);
 }

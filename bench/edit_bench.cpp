@@ -1,5 +1,5 @@
-// edit_bench: edits in the middle of menus of 1,000 and 100,000 entries, and switches to edit mode
-// and back, in a main window of the program's own, in this process.
+// edit_bench: edits in the middle of menus of 100 to 100,000 entries, saves, and switches to edit
+// mode and back, in a main window of the program's own, in this process.
 #include "bench_window.h"
 #include "figures.h"
 
@@ -21,9 +21,11 @@ using bench::TimeOf;
 
 constexpr int kRounds = 9;
 constexpr int kTurns = 20;
+constexpr int kSaves = 4;
 constexpr int kKeys = 5; // typed in a row
-constexpr double kAim = 2;
-const std::array<std::size_t, 2> kEntries = {1000, 100000};
+constexpr std::array<std::size_t, 4> kEntries = {100, 1000, 10000, 100000};
+constexpr std::size_t kThousand = 1;
+constexpr std::size_t kLarge = 3;
 
 // A figure counts only for what really happened.
 void Need(bool done, const char* what)
@@ -41,6 +43,7 @@ struct Costs {
     std::vector<double> insert, undoInsert;
     std::vector<double> remove, undoRemove;
     std::vector<double> move, moveFar;
+    std::vector<double> save;
     std::vector<double> shift; // of the list's memory behind its middle, and nothing else
 };
 
@@ -147,9 +150,17 @@ void Editing::Edits(Costs& costs)
         Need(editor_.Selected() == middle_ && editor_.Count() == 2 * middle_ && !editor_.CanUndo(),
              "taking everything back");
     }
-    // Saved as it was, so that leaving the menu asks nothing.
-    Press("Save Menu");
-    Need(!bench_.Form().Document().UnsavedChanges(), "saving");
+    // The last save writes the menu as it was.
+    for (int turn = 0; turn < kSaves; ++turn) {
+        if (turn % 2 == 0) {
+            Key();
+        } else {
+            Undo();
+        }
+        Need(bench_.Form().Document().UnsavedChanges(), "changing");
+        costs.save.push_back(Press("Save Menu"));
+        Need(!bench_.Form().Document().UnsavedChanges(), "saving");
+    }
     Press("Normal");
     bench_.Settle();
 }
@@ -189,26 +200,51 @@ void MeasureShift(std::size_t entries, Costs& costs)
     }
 }
 
-// One of the costs in both menus, round by round.
+// What the time with 100,000 entries is held against.
+enum class Against {
+    thousand,
+    thousandBeyondShift, // less what moving the list's memory costs
+    thousandByEntry,     // what a hundred times as long would be
+};
+
+// One of the costs in all menus, round by round.
 struct Comparison {
     const char* what;
     std::vector<double> Costs::*cost;
-    bool shifts; // the list's memory; that is not counted
-    std::array<std::vector<double>, 2> times;
-    std::vector<double> ratio;
+    Against against;
+    std::array<std::vector<double>, kEntries.size()> times = {};
+    std::vector<double> ratio = {};
 };
+
+void Add(Comparison& comparison, const std::array<Costs, kEntries.size()>& costs)
+{
+    std::array<double, kEntries.size()> counted = {};
+    for (std::size_t menu = 0; menu < costs.size(); ++menu) {
+        const double time = LowQuarter(costs[menu].*comparison.cost);
+        comparison.times[menu].push_back(time);
+        const bool shifts = comparison.against == Against::thousandBeyondShift;
+        counted[menu] = time - (shifts ? LowQuarter(costs[menu].shift) : 0);
+    }
+    const bool byEntry = comparison.against == Against::thousandByEntry;
+    const std::size_t more = byEntry ? kEntries[kLarge] / kEntries[kThousand] : 1;
+    comparison.ratio.push_back(counted[kLarge] / counted[kThousand] / static_cast<double>(more));
+}
 
 void ReportAll(const std::vector<Comparison>& comparisons)
 {
     for (const Comparison& each : comparisons) {
-        const std::string what = each.what;
-        Tell(what + " with 1,000 entries", Median(each.times[0]) * 1000, "us");
-        Tell(what + " with 100,000 entries", Median(each.times[1]) * 1000, "us");
+        for (std::size_t menu = 0; menu < kEntries.size(); ++menu) {
+            Tell(std::string(each.what) + " with " + std::to_string(kEntries[menu]) + " entries",
+                 Median(each.times[menu]) * 1000, "us");
+        }
     }
     for (const Comparison& each : comparisons) {
-        const char* beyond = each.shifts ? " beyond the shift" : "";
-        Report(std::string(each.what) + beyond + ": 100,000 entries / 1,000", Median(each.ratio),
-               kAim, "times");
+        const char* beyond =
+            each.against == Against::thousandBeyondShift ? " beyond the shift" : "";
+        const bool byEntry = each.against == Against::thousandByEntry;
+        Report(std::string(each.what) + beyond + (byEntry ? ", an entry" : "") +
+                   ": 100,000 entries / 1,000",
+               Median(each.ratio), byEntry ? 1.2 : 2, "times");
     }
 }
 
@@ -217,23 +253,24 @@ void ReportAll(const std::vector<Comparison>& comparisons)
 int main()
 {
     std::vector<Comparison> comparisons = {
-        {"entering edit mode, first time", &Costs::firstEnter, false, {}, {}},
-        {"entering edit mode again", &Costs::enter, false, {}, {}},
-        {"leaving edit mode, unchanged", &Costs::leave, false, {}, {}},
-        {"first key in a menu", &Costs::firstKey, false, {}, {}},
-        {"typing a character", &Costs::key, false, {}, {}},
-        {"inserting", &Costs::insert, true, {}, {}},
-        {"removing", &Costs::remove, true, {}, {}},
-        {"moving a line down", &Costs::move, false, {}, {}},
-        {"moving to the end", &Costs::moveFar, true, {}, {}},
-        {"undoing typing", &Costs::undoKeys, false, {}, {}},
-        {"undoing an insertion", &Costs::undoInsert, true, {}, {}},
-        {"undoing a removal", &Costs::undoRemove, true, {}, {}},
+        {"entering edit mode, first time", &Costs::firstEnter, Against::thousand},
+        {"entering edit mode again", &Costs::enter, Against::thousand},
+        {"leaving edit mode, unchanged", &Costs::leave, Against::thousand},
+        {"first key in a menu", &Costs::firstKey, Against::thousand},
+        {"typing a character", &Costs::key, Against::thousand},
+        {"inserting", &Costs::insert, Against::thousandBeyondShift},
+        {"removing", &Costs::remove, Against::thousandBeyondShift},
+        {"moving a line down", &Costs::move, Against::thousand},
+        {"moving to the end", &Costs::moveFar, Against::thousandBeyondShift},
+        {"undoing typing", &Costs::undoKeys, Against::thousand},
+        {"undoing an insertion", &Costs::undoInsert, Against::thousandBeyondShift},
+        {"undoing a removal", &Costs::undoRemove, Against::thousandBeyondShift},
+        {"saving", &Costs::save, Against::thousandByEntry},
     };
     BenchWindow bench("edit", {kEntries.begin(), kEntries.end()});
     std::vector<double> shifts;
     for (int round = 0; round < kRounds; ++round) {
-        std::array<Costs, 2> costs;
+        std::array<Costs, kEntries.size()> costs;
         for (std::size_t menu = 0; menu < kEntries.size(); ++menu) {
             bench.Open(menu);
             Editing editing(bench);
@@ -241,15 +278,9 @@ int main()
             editing.Edits(costs[menu]);
             MeasureShift(kEntries[menu], costs[menu]);
         }
-        shifts.push_back(LowQuarter(costs[1].shift));
+        shifts.push_back(LowQuarter(costs[kLarge].shift));
         for (Comparison& each : comparisons) {
-            std::array<double, 2> beyond = {};
-            for (std::size_t menu = 0; menu < costs.size(); ++menu) {
-                const double time = LowQuarter(costs[menu].*each.cost);
-                each.times[menu].push_back(time);
-                beyond[menu] = time - (each.shifts ? LowQuarter(costs[menu].shift) : 0);
-            }
-            each.ratio.push_back(beyond[1] / beyond[0]);
+            Add(each, costs);
         }
     }
     Tell("the shift: inserting into 100,000 times 16 bytes", Median(shifts) * 1000, "us");

@@ -36,6 +36,8 @@ cd "$windows/bench"
 program=$windows/program/NVMenu.exe
 run "start" wine start_bench.exe "Z:${program//\//\\}"
 "$tools/wine-up" "$windows/wine" picture
+run "launch" wine launch_bench.exe
+"$tools/wine-up" "$windows/wine" picture
 run "column" wine column_bench.exe
 "$tools/wine-up" "$windows/wine" picture
 run "editing" wine edit_bench.exe
