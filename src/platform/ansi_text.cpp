@@ -16,6 +16,27 @@ char UpperByte(char ch)
     return ch >= 'a' && ch <= 'z' ? static_cast<char>(ch - 'a' + 'A') : ch;
 }
 
+// Bytes of the UTF-8 character at the beginning of text; 1 where its bytes make none.
+std::size_t Utf8Length(std::string_view text)
+{
+    const auto code = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    const unsigned lead = code(0);
+    const std::size_t length = lead < 0xC2 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    if (length == 1 || lead > 0xF4 || length > text.size()) {
+        return 1;
+    }
+    for (std::size_t at = 1; at < length; ++at) {
+        if ((code(at) & 0xC0) != 0x80) {
+            return 1;
+        }
+    }
+    // What could be written shorter, halves of a surrogate pair, and codes beyond the last one.
+    const unsigned second = code(1);
+    const bool none = (lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ||
+                      (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F);
+    return none ? 1 : length;
+}
+
 } // namespace
 
 bool CodePage::IsLeadByte(char byte) const
@@ -38,6 +59,9 @@ bool CodePage::IsLeadByte(char byte) const
 
 std::size_t CodePage::CharacterLength(std::string_view text, std::size_t at) const
 {
+    if (IsUtf8()) {
+        return Utf8Length(text.substr(at));
+    }
     return at + 1 < text.size() && IsLeadByte(text[at]) ? 2 : 1;
 }
 

@@ -11,19 +11,22 @@
 namespace nv
 {
 
-// Knows which bytes begin a two-byte character, so that a trail byte that happens to equal "\" or a
-// letter is not taken for one. A value type; the default is a single-byte code page.
+// Knows which bytes make one character, so that none is cut in two and a trail byte that happens to
+// equal "\" or a letter is not taken for one. A value type; the default is a single-byte code page.
 class CodePage
 {
 public:
     CodePage() = default;
-    // number: the Windows code page (932, 936, 949, 950 and 1361 have two-byte characters; in every
-    // other, UTF-8 included, no byte below 128 is part of a longer character).
+    // number: the Windows code page (932, 936, 949, 950 and 1361 have two-byte characters, 65001 is
+    // UTF-8, in every other a byte is a character).
     explicit CodePage(unsigned number) : number_(number) {}
 
     unsigned Number() const { return number_; }
+    bool IsUtf8() const { return number_ == 65001; }
+    // Whether it begins a two-byte character; of none in UTF-8.
     bool IsLeadByte(char byte) const;
-    // Bytes of the character that starts at text[at]: 1 or 2, never past the end. at < text.size().
+    // Bytes of the character that starts at text[at], never past the end: 1 or 2, in UTF-8 up to 4,
+    // and 1 for bytes that make no character there. at < text.size().
     std::size_t CharacterLength(std::string_view text, std::size_t at) const;
     // Number of whole characters in text.
     std::size_t CountCharacters(std::string_view text) const;
