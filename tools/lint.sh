@@ -63,8 +63,10 @@ complain 'Menus beside Start.nvm' < <(
     for menu in menus/*.nvm; do [ "$menu" = menus/Start.nvm ] || echo "$menu"; done)
 
 # Texts are bytes in the code page. Messages are taken wide, or typed characters of two bytes fall apart
-# (win32/message_pump); a console is written to in characters; the last two are the C run-time's own.
-wide='DispatchMessage|GetMessage|IsDialogMessage|PeekMessage|WriteConsole|GetModuleHandle|LoadLibrary'
+# (win32/message_pump); a console is written to in characters; no font's character set says that bytes
+# are UTF-8 (win32/gdi_text); the last two are the C run-time's own.
+wide='DispatchMessage|GetMessage|IsDialogMessage|PeekMessage|WriteConsole'
+wide+='|DrawText|GetTextExtentExPoint|GetTextExtentPoint32|TextOut|GetModuleHandle|LoadLibrary'
 system_dlls='kernel32|user32|gdi32|advapi32|shell32|comctl32|comdlg32|ole32|oleaut32|oleacc|msvcrt'
 for program in build/windows{,32}/program/*.exe; do
     complain "$program needs more than the system has" < <(

@@ -1,6 +1,8 @@
 #include "mainwindow/item_list.h"
 
 #include "platform/ansi_text.h"
+#include "win32/gdi_text.h"
+#include "win32/screen.h"
 
 #include <algorithm>
 #include <windowsx.h>
@@ -100,7 +102,7 @@ std::optional<std::size_t> ItemList::GapAt(POINT screen) const
 std::string ItemList::ShownText(std::size_t index) const
 {
     const std::string whole = Text(index);
-    return OneLine(std::string_view(whole).substr(0, kLongestText));
+    return OneLine(ProcessCodePage().WholeCharacters(whole, kLongestText));
 }
 
 void ItemList::Draw(const DRAWITEMSTRUCT& item) const
@@ -115,8 +117,12 @@ void ItemList::Draw(const DRAWITEMSTRUCT& item) const
     const std::string text = ShownText(item.itemID);
     RECT area = item.rcItem;
     area.left += 2 * kPadding;
-    DrawTextA(item.hDC, text.data(), static_cast<int>(text.size()), &area,
-              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    constexpr UINT kHow = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
+    if (const auto wide = WideOfUtf8(text, ProcessCodePage())) {
+        DrawTextW(item.hDC, wide->data(), static_cast<int>(wide->size()), &area, kHow);
+    } else {
+        DrawTextA(item.hDC, text.data(), static_cast<int>(text.size()), &area, kHow);
+    }
     if ((item.itemState & ODS_FOCUS) != 0) {
         DrawFocusRect(item.hDC, &item.rcItem);
     }

@@ -39,11 +39,16 @@ void GdiCanvas::Text(TwipPoint at, const Font& font, Color color, std::string_vi
         RECT clip = {};
         GetClipBox(dc_, &clip);
         const auto fits = text_.Fit(font, text, scale_.TwipsX(std::max<int>(clip.right - x, 0)));
-        text = text.substr(0, fits + 2);
+        text = text.substr(0, fits + text_.Page().FirstCharacters(text.substr(fits), 1).size());
     }
     const HGDIOBJ oldFont = SelectObject(dc_, text_.Handle(font));
     SetTextColor(dc_, ColorRef(color));
-    TextOutA(dc_, x, scale_.PixelsY(at.y), text.data(), static_cast<int>(text.size()));
+    const int y = scale_.PixelsY(at.y);
+    if (const auto wide = text_.Wide(text)) {
+        TextOutW(dc_, x, y, wide->data(), static_cast<int>(wide->size()));
+    } else {
+        TextOutA(dc_, x, y, text.data(), static_cast<int>(text.size()));
+    }
     SelectObject(dc_, oldFont);
 }
 

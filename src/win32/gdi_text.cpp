@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <functional>
+#include <utility>
 
 namespace nv
 {
@@ -31,7 +32,35 @@ double LetterPixels(const LOGFONTA& record)
     return metrics.tmHeight - metrics.tmInternalLeading;
 }
 
+// Bytes of the characters of text, which is UTF-8, that are whole in so many units of 16 bits.
+std::size_t BytesOf(std::string_view text, int units, const CodePage& codePage)
+{
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t length = codePage.CharacterLength(text, at);
+        units -= length == 4 ? 2 : 1;
+        if (units < 0) {
+            break;
+        }
+        at += length;
+    }
+    return at;
+}
+
 } // namespace
+
+std::optional<std::wstring> WideOfUtf8(std::string_view text, const CodePage& codePage)
+{
+    const auto beyondAscii = [](char ch) { return static_cast<unsigned char>(ch) > 127; };
+    if (!codePage.IsUtf8() || std::none_of(text.begin(), text.end(), beyondAscii)) {
+        return std::nullopt;
+    }
+    const auto size = static_cast<int>(text.size());
+    std::wstring wide(text.size(), L'\0');
+    wide.resize(static_cast<std::size_t>(
+        MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(), size, wide.data(), size)));
+    return wide.empty() ? std::nullopt : std::optional(std::move(wide));
+}
 
 LONG RecordHeight(double pixels)
 {
@@ -116,6 +145,11 @@ void GdiText::Open(const Font& font, Entry& entry)
     ++openFonts_;
 }
 
+std::optional<std::wstring> GdiText::Wide(std::string_view text) const
+{
+    return WideOfUtf8(text, codePage_);
+}
+
 GdiText::Entry& GdiText::EntryOf(const Font& font)
 {
     if (lastFont_ != nullptr && *lastFont_ == font) {
@@ -154,7 +188,11 @@ Twips GdiText::Width(const Font& font, std::string_view text)
     while (!text.empty()) {
         const std::string_view piece = codePage_.FirstCharacters(text, kPiece);
         SIZE size = {};
-        GetTextExtentPoint32A(dc_.Get(), piece.data(), static_cast<int>(piece.size()), &size);
+        if (const auto wide = Wide(piece)) {
+            GetTextExtentPoint32W(dc_.Get(), wide->data(), static_cast<int>(wide->size()), &size);
+        } else {
+            GetTextExtentPoint32A(dc_.Get(), piece.data(), static_cast<int>(piece.size()), &size);
+        }
         pixels += size.cx;
         text.remove_prefix(piece.size());
     }
@@ -166,11 +204,16 @@ std::size_t GdiText::Fit(const Font& font, std::string_view text, Twips width)
     EntryOf(font); // selects it
     const int pixels = std::max(scale_.PixelsX(width), 0);
     // Hardly any character is narrower than a pixel: the rest of a long text need not be measured.
-    const std::size_t length = std::min(text.size(), static_cast<std::size_t>(pixels) * 2 + 64);
+    text = codePage_.FirstCharacters(text, static_cast<std::size_t>(pixels) * 2 + 64);
     int fits = 0;
     SIZE size = {};
-    GetTextExtentExPointA(dc_.Get(), text.data(), static_cast<int>(length), pixels, &fits, nullptr,
-                          &size);
+    if (const auto wide = Wide(text)) {
+        GetTextExtentExPointW(dc_.Get(), wide->data(), static_cast<int>(wide->size()), pixels,
+                              &fits, nullptr, &size);
+        return BytesOf(text, fits, codePage_);
+    }
+    GetTextExtentExPointA(dc_.Get(), text.data(), static_cast<int>(text.size()), pixels, &fits,
+                          nullptr, &size);
     return codePage_.WholeCharacters(text, static_cast<std::size_t>(fits)).size();
 }
 

@@ -24,6 +24,10 @@ public:
     Twips Width(const Font& font, std::string_view text) override;
     std::size_t Fit(const Font& font, std::string_view text, Twips width) override;
 
+    // What WideOfUtf8 makes of text.
+    std::optional<std::wstring> Wide(std::string_view text) const;
+    const CodePage& Page() const { return codePage_; }
+
     // The platform's font; stays valid until CloseFonts or until many others were asked for.
     HFONT Handle(const Font& font);
     const ScreenScale& Scale() const { return scale_; }
@@ -50,6 +54,12 @@ private:
     const Font* lastFont_ = nullptr; // whose font is selected, a key of entries_
     Entry* lastEntry_ = nullptr;
 };
+
+// Text for the calls of GDI that take characters; nothing for text that is for those that take
+// bytes. To those, bytes are of the code page that belongs to the font's character set, and none
+// belongs to UTF-8. Bytes that are no UTF-8, of a menu made on another machine, are still of that
+// set.
+std::optional<std::wstring> WideOfUtf8(std::string_view text, const CodePage& codePage);
 
 // What a font object says, as the platform's font record. Heights follow the screen's scale.
 LOGFONTA LogFontOf(const Font& font, const ScreenScale& scale);

@@ -67,9 +67,17 @@ TEST(GdiText, MeasuresAlikeInWholeAndInPieces)
 
 TEST(GdiText, NeverSplitsACharacter)
 {
-    GdiText text(kScale, CodePage(932));
-    for (Twips width = 0; width < 900; width += 15) {
-        EXPECT_EQ(text.Fit(Font(), "\x83\x5C\x83\x5C\x83\x5C", width) % 2, 0u) << width;
+    const std::pair<CodePage, std::string> cases[] = {
+        {CodePage(932), "\x83\x5C\x83\x5C\x83\x5C"},
+        {CodePage(65001), "\xD0\xAF\xE3\x82\xBD\xF0\x9D\x94\xB8\xD0\xAF"},
+    };
+    for (const auto& [page, letters] : cases) {
+        GdiText text(kScale, page);
+        for (Twips width = 0; width < 900; width += 15) {
+            const std::size_t fits = text.Fit(Font(), letters, width);
+            EXPECT_EQ(page.WholeCharacters(letters, fits).size(), fits) << width;
+        }
+        EXPECT_EQ(text.Fit(Font(), letters, text.Width(Font(), letters)), letters.size());
     }
 }
 
