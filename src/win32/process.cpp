@@ -36,10 +36,10 @@ std::string ExpandVariables(const std::string& text)
 {
     std::string expanded;
     DWORD needed = static_cast<DWORD>(text.size() + 1);
-    // In double-byte code pages the system counts characters, of up to two bytes each.
-    while (needed * 2 > expanded.size()) {
-        expanded.resize(needed * 2);
-        needed = ExpandEnvironmentStringsA(text.c_str(), expanded.data(), needed * 2);
+    // Beyond single bytes the system counts units of 16 bits, of up to three bytes each in UTF-8.
+    while (needed * 3 > expanded.size()) {
+        expanded.resize(needed * 3);
+        needed = ExpandEnvironmentStringsA(text.c_str(), expanded.data(), needed * 3);
     }
     if (needed == 0) {
         return text;
