@@ -80,7 +80,9 @@ std::string ComDial::SaveFileDialog(const std::string& title, const std::string&
 std::string ComDial::PickFile(Picker picker, OPENFILENAMEA record, const std::string& title,
                               const std::string& filter, int filterIndex, HWND owner)
 {
-    std::string path(kPathBuffer + 1, '\0');
+    // Letters of most scripts have three bytes in UTF-8.
+    const DWORD size = ProcessCodePage().IsUtf8() ? kPathBuffer * 3 : kPathBuffer;
+    std::string path(size + 1, '\0');
     std::string fileTitle = path;
     const std::string closedFilter = filter + '\0';      // a second NUL ends the list
     record.lStructSize = OPENFILENAME_SIZE_VERSION_400A; // no newer field is used
@@ -89,17 +91,18 @@ std::string ComDial::PickFile(Picker picker, OPENFILENAMEA record, const std::st
     record.lpstrFilter = closedFilter.c_str();
     record.nFilterIndex = static_cast<DWORD>(filterIndex);
     record.lpstrFile = path.data();
-    record.nMaxFile = kPathBuffer;
+    record.nMaxFile = size;
     record.lpstrFileTitle = fileTitle.data();
-    record.nMaxFileTitle = kPathBuffer;
+    record.nMaxFileTitle = size;
     record.lpstrInitialDir = lastFolder_.c_str();
     record.lpstrTitle = title.c_str();
     const bool picked = picker(&record) != 0;
     DropRelease();
     lastFolder_ = CurrentFolder();
     RestoreProgramFolder();
-    // Of a path that is too long, the buffer holds something else.
-    return picked ? path.c_str() : "";
+    // Of a path that is too long, the buffer holds something else, or in UTF-8 its beginning.
+    path.resize(path.find('\0'));
+    return picked && path.size() < size ? path : "";
 }
 
 Color ComDial::FontDialog(HDC deviceContext, HWND owner, Font& font, Color color)
