@@ -34,6 +34,12 @@ TEST_F(CodePage, LinksReachWhatTheyName)
     ASSERT_TRUE(CreateDirectoryA(folder.c_str(), nullptr));
     ASSERT_TRUE(MoveFileA(Path("recorder.exe").c_str(), program.c_str()));
     ASSERT_TRUE(SetEnvironmentVariableA("NAVRIX_HERE", Folder().c_str()));
+    // More bytes than the text has units of 16 bits twice, in UTF-8.
+    std::string many;
+    for (int count = 0; count < 200; ++count) {
+        many += two_;
+    }
+    ASSERT_TRUE(SetEnvironmentVariableA("NAVRIX_MANY", many.c_str()));
     const std::string quoted = '"' + program + '"';
     const struct {
         std::string command;
@@ -44,7 +50,7 @@ TEST_F(CodePage, LinksReachWhatTheyName)
         {two_ + one_ + ".exe " + one_, one_, Folder()},
         {quoted + " " + one_ + " /NV " + folder, one_, folder},
         {"NVSUB " + quoted + " " + one_ + " /NV " + folder, one_, folder},
-        {"NVSUB \"%NAVRIX_HERE%\\" + two_ + one_ + ".exe\" " + two_, two_, Folder()},
+        {"NVSUB \"%NAVRIX_HERE%\\" + two_ + one_ + ".exe\" %NAVRIX_MANY%", many, Folder()},
     };
     std::vector<Entry> entries;
     for (const auto& each : cases) {
