@@ -1,4 +1,4 @@
-// Files in memory, with everything that can go wrong with real ones on demand.
+// Files in memory. Faulty makes their operations fail.
 #pragma once
 
 #include "platform/ansi_text.h"
@@ -8,13 +8,10 @@
 #include <algorithm>
 #include <cstring>
 #include <map>
+#include <utility>
 
 namespace nv
 {
-
-// Thrown where the process is to die.
-struct Killed {
-};
 
 class FakeFiles : public Files
 {
@@ -29,19 +26,13 @@ public:
         bool onDisk = true; // what was written stands on the disk, not only in memory
         bool hidden = false;
         std::string name = {}; // as it was put
+        int writers = 0;       // nothing can be done to its name meanwhile
     };
 
-    // What goes wrong. Operations are those that report an error, counted from 1.
-    int failAt = 0;
-    SystemError failure = 1117;       // an I/O error
-    int killAt = 0;                   // dies in this operation; of a write half is done
-    std::size_t room = SIZE_MAX;      // bytes by which files can still grow
-    std::size_t readPiece = SIZE_MAX; // most that one Read gives
-    SystemError refuseNew = 0;        // what creating any file ends with
-    SystemError refuseReplace = 0;
+    std::size_t room = SIZE_MAX;                   // bytes by which files can still grow
+    std::size_t readPiece = SIZE_MAX;              // most that one Read gives
     std::map<std::string, SystemError> refuseOpen; // by path
 
-    int operations = 0;
     std::vector<std::string> madeFolders;
 
     void Put(const std::string& path, const std::string& contents)
@@ -73,10 +64,7 @@ public:
 
     std::unique_ptr<File> Open(const std::string& path, OpenMode mode, SystemError& error) override
     {
-        error = Step();
-        if (error == 0) {
-            error = OpenError(path, mode);
-        }
+        error = OpenError(path, mode);
         if (error != 0) {
             return nullptr;
         }
@@ -84,7 +72,7 @@ public:
         if (mode == OpenMode::overwrite) {
             node.contents.clear();
         }
-        return std::make_unique<OpenFile>(*this, path);
+        return std::make_unique<OpenFile>(*this, path, mode != OpenMode::read);
     }
 
     FileAttributes Attributes(const std::string& path) override
@@ -113,31 +101,28 @@ public:
 
     SystemError Replace(const std::string& from, const std::string& to) override
     {
-        SystemError error = Step();
-        if (error == 0) {
-            error = Find(from) == nullptr ? kNotFound : refuseReplace;
+        const SystemError error = NameError(from);
+        if (error != 0 || NameError(to) == kSharingViolation) {
+            return error != 0 ? error : kAccessDenied;
         }
-        if (error == 0) {
-            nodes_[UpperCase(to)] = *Find(from);
-            nodes_.erase(UpperCase(from));
-        }
-        return error;
+        nodes_[UpperCase(to)] = *Find(from);
+        nodes_.erase(UpperCase(from));
+        return 0;
     }
 
     SystemError Remove(const std::string& path) override
     {
-        const SystemError error = Step();
-        return error != 0 ? error : nodes_.erase(UpperCase(path)) == 1 ? 0 : kNotFound;
+        const SystemError error = NameError(path);
+        if (error == 0) {
+            nodes_.erase(UpperCase(path));
+        }
+        return error;
     }
 
     SystemError MakeFolder(const std::string& path) override
     {
         madeFolders.push_back(path);
-        const SystemError error = Step();
-        if (error == 0) {
-            nodes_[UpperCase(path)] = Node{{}, true};
-        }
-        return error;
+        return nodes_.try_emplace(UpperCase(path), Node{{}, true}).second ? 0 : kAlreadyExists;
     }
 
     std::string Describe(SystemError error) override { return "<" + std::to_string(error) + ">"; }
@@ -146,56 +131,57 @@ private:
     class OpenFile : public File
     {
     public:
-        OpenFile(FakeFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
+        OpenFile(FakeFiles& files, std::string path, bool writes)
+            : files_(files), path_(std::move(path)), writes_(writes)
+        {
+            Node().writers += writes_ ? 1 : 0;
+        }
+        ~OpenFile() override { Shut(); }
+        OpenFile(const OpenFile&) = delete;
+        OpenFile& operator=(const OpenFile&) = delete;
 
         SystemError Read(char* buffer, std::size_t size, std::size_t& got) override
         {
-            got = 0;
-            if (const SystemError error = files_.Step()) {
-                return error;
-            }
             const std::string& contents = Node().contents;
             got = std::min({size, files_.readPiece, contents.size() - at_});
             std::memcpy(buffer, contents.data() + at_, got);
             at_ += got;
             return 0;
         }
-
         SystemError Write(const char* data, std::size_t size) override
         {
-            const int operation = files_.operations + 1;
-            const bool halves = operation == files_.killAt || operation == files_.failAt;
-            const std::size_t done = files_.dead_ ? 0 : Put(data, halves ? size / 2 : size);
-            if (const SystemError error = files_.Step()) {
-                return error;
-            }
-            return done < size ? kDiskFull : 0;
+            return Put(data, size) < size ? kDiskFull : 0;
         }
-
         SystemError Rewind() override
         {
             at_ = 0;
-            return files_.Step();
+            return 0;
         }
         SystemError Truncate() override
         {
-            const SystemError error = files_.Step();
-            if (error == 0) {
-                Node().contents.resize(at_);
-                Node().onDisk = false;
-            }
-            return error;
+            Node().contents.resize(at_);
+            Node().onDisk = false;
+            return 0;
         }
         SystemError Flush() override
         {
-            const SystemError error = files_.Step();
-            Node().onDisk = Node().onDisk || error == 0;
-            return error;
+            Node().onDisk = true;
+            return 0;
         }
-        SystemError Close() override { return files_.Step(); }
+        SystemError Close() override
+        {
+            Shut();
+            return 0;
+        }
 
     private:
         FakeFiles::Node& Node() { return *files_.Find(path_); }
+        void Shut()
+        {
+            if (std::exchange(writes_, false)) {
+                --Node().writers;
+            }
+        }
         // Writes as much of data as the disk has room for.
         std::size_t Put(const char* data, std::size_t size)
         {
@@ -211,6 +197,7 @@ private:
 
         FakeFiles& files_;
         std::string path_;
+        bool writes_;
         std::size_t at_ = 0;
     };
 
@@ -227,18 +214,11 @@ private:
         return names;
     }
 
-    // Begins an operation; the error that is due in it.
-    SystemError Step()
+    // What speaks against giving the name at path away.
+    SystemError NameError(const std::string& path)
     {
-        if (dead_) {
-            return failure; // a dead process changes nothing more, whatever its destructors try
-        }
-        ++operations;
-        if (operations == killAt) {
-            dead_ = true;
-            throw Killed();
-        }
-        return operations == failAt ? failure : 0;
+        const Node* node = Find(path);
+        return node == nullptr ? kNotFound : node->writers > 0 ? kSharingViolation : 0;
     }
 
     SystemError OpenError(const std::string& path, OpenMode mode)
@@ -248,7 +228,7 @@ private:
             return refuseOpen[path];
         }
         if (node == nullptr) {
-            return mode == OpenMode::read || mode == OpenMode::change ? kNotFound : refuseNew;
+            return mode == OpenMode::read || mode == OpenMode::change ? kNotFound : 0;
         }
         if (mode == OpenMode::createNew) {
             return kFileExists;
@@ -257,7 +237,6 @@ private:
     }
 
     std::map<std::string, Node> nodes_; // by path in upper case
-    bool dead_ = false;
 };
 
 } // namespace nv

@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
+#include <optional>
 #include <vector>
 
 namespace nv
@@ -24,6 +25,8 @@ public:
 
     std::vector<Shown> shown;
     std::function<void()> whileShown; // runs in every box, as the box's message loop would
+    // Instead of the script: what every question gets; mere messages get OK.
+    std::optional<Answer> toQuestions;
 
     ~FakePrompts() override { EXPECT_TRUE(answers_.empty()) << "a box was expected"; }
 
@@ -42,6 +45,9 @@ public:
         shown.push_back({text, icon, buttons});
         if (whileShown) {
             whileShown();
+        }
+        if (toQuestions) {
+            return buttons == PromptButtons::ok ? Answer::ok : *toQuestions;
         }
         if (answers_.empty()) {
             ADD_FAILURE() << "unexpected box: " << text;

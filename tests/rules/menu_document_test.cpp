@@ -1,5 +1,6 @@
 #include "docs/menu_line.h"
 #include "fakes/fake_desk.h"
+#include "fakes/faulty_files.h"
 
 #include <gtest/gtest.h>
 
@@ -13,11 +14,6 @@ const char kOther[] = "C:\\Menus\\Other.nvm";
 using Log = FakeDocumentEvents::Log;
 using Shown = FakePrompts::Shown;
 
-Shown Stop(const std::string& text)
-{
-    return {text, PromptIcon::stop, PromptButtons::ok};
-}
-
 Shown SaveQuestion(const std::string& path)
 {
     return {"Do you want to save the changes you made to \n\n" + path + "?", PromptIcon::question,
@@ -25,7 +21,7 @@ Shown SaveQuestion(const std::string& path)
 }
 
 // A document over fakes, with two menus on the disk.
-struct Desk : FakeDesk<> {
+struct Desk : FakeDesk<Faulty<FakeFiles>> {
     Desk()
     {
         files.Put(kStart, "one\r\ntwo\r\nthree\r\n");
@@ -50,7 +46,6 @@ struct Desk : FakeDesk<> {
 };
 
 const std::string kClean = std::string(kStart) + " 3";
-const std::string kChanged = std::string(kStart) + " changed unsaved 3";
 const std::string kNoDocument = " 0";
 
 TEST(MenuDocument, ReportsItsStepsInOrder)
@@ -92,12 +87,10 @@ TEST(MenuDocument, KeepsTheOldMenuWhenTheNewOneCannotBeOpened)
     const Case cases[] = {
         {folder, Answer::ok, refused},
         {missing, Answer::no, create},
-        {kOther, Answer::ok, Stop(std::string("Cannot open:\n\n") + kOther + "\n\n<32>")},
     };
     for (const Case& c : cases) {
         Desk desk;
         desk.Open();
-        desk.files.refuseOpen[kOther] = kSharingViolation;
         desk.prompts.Expect(c.answer);
         EXPECT_FALSE(desk.document.FOpen(c.path));
         EXPECT_EQ(desk.prompts.Take(), c.box);
@@ -107,32 +100,10 @@ TEST(MenuDocument, KeepsTheOldMenuWhenTheNewOneCannotBeOpened)
     }
 }
 
-TEST(MenuDocument, TellsOfAMenuThatCannotBeCreated)
-{
-    Desk desk;             // the disk reports its failure only when the file is closed
-    desk.files.failAt = 3; // a folder, the file, its end
-    desk.prompts.Expect(Answer::ok);
-    EXPECT_FALSE(desk.document.CreateNewMenuFile("C:\\Menus\\New.nvm"));
-    EXPECT_EQ(desk.prompts.Take().text, "New Menu Could Not Be Created!");
-}
-
 // A part of a menu must not be left where a save would write it over the whole one.
-TEST(MenuDocument, IsNoDocumentAfterALoadThatStopped)
+TEST(MenuDocument, IsNoDocumentAfterALoadThatWasEnded)
 {
     const Log emptied = {"cleared", "title Other.nvm", "cleared", "file "};
-    {
-        Desk desk;
-        desk.Open(true);
-        desk.files.readPiece = 2;
-        desk.files.failAt = 4; // opening, two readings, the failing one
-        desk.prompts.Expect(Answer::ok);
-        desk.prompts.whileShown = [&desk] { EXPECT_EQ(desk.State(), kNoDocument); };
-        EXPECT_FALSE(desk.document.OpenPDM(kOther));
-        EXPECT_EQ(desk.prompts.Take(),
-                  Stop(std::string("Cannot open:\n\n") + kOther + "\n\n<1117>"));
-        EXPECT_EQ(desk.events.Take(), emptied);
-        EXPECT_EQ(desk.State(), kNoDocument);
-    }
     for (const char* content : {"other\r\n", "other"}) {
         Desk desk;
         desk.files.Put(kOther, content);
@@ -224,33 +195,6 @@ TEST(MenuDocument, IsWrittenInTheFilesForm)
     desk.document.Lines().Clear();
     EXPECT_TRUE(desk.document.SavePDM(kOther));
     EXPECT_EQ(desk.files.Contents(kOther), "");
-}
-
-// Every operation of a save fails once: the file, the message and the flags fit together.
-TEST(MenuDocument, ReportsEveryFailedSaveAndStaysChanged)
-{
-    int failures = 0;
-    for (int operation = 1; operation < 15; ++operation) {
-        Desk desk;
-        desk.Open(true);
-        desk.document.Lines().Set(0, "edited");
-        desk.files.failAt = operation;
-        desk.prompts.Expect(Answer::ok); // to a box that may or may not come
-        const bool saved = desk.document.SavePDM(kStart);
-        const std::string message = desk.prompts.shown.empty() ? "" : desk.prompts.Take().text;
-        if (saved) {
-            desk.prompts.Ask("", PromptIcon::none, PromptButtons::ok); // uses the answer up
-        }
-        failures += saved ? 0 : 1;
-        // No title of a file that cannot be written.
-        EXPECT_EQ(desk.events.Take().empty(), operation == 1);
-        EXPECT_EQ(message, saved ? "" : std::string("Cannot save:\n\n") + kStart + "\n\n<1117>");
-        EXPECT_EQ(desk.State(), saved ? kClean : kChanged) << operation;
-        EXPECT_EQ(desk.files.Contents(kStart),
-                  (saved ? "edited" : "one") + std::string("\r\ntwo\r\nthree\r\n"))
-            << operation;
-    }
-    EXPECT_GE(failures, 4); // probing, writing, flushing, closing or replacing
 }
 
 TEST(MenuDocument, AsksBeforeChangesAreLost)

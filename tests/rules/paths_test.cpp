@@ -39,7 +39,8 @@ TEST(Paths, AreMadeLevelByLevel)
 {
     const auto made = [](const std::string& folder, const CodePage& page = CodePage()) {
         FakeFiles files;
-        files.failAt = 1; // a level that cannot be made does not stop those below
+        files.MakeFolder("C:\\A"); // a level that cannot be made does not stop those below
+        files.madeFolders.clear();
         MakeFolders(files, folder, page);
         return files.madeFolders;
     };

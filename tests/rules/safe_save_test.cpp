@@ -1,5 +1,6 @@
 #include "docs/safe_save.h"
 #include "fakes/fake_files.h"
+#include "fakes/faulty_files.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -9,12 +10,14 @@ namespace nv
 namespace
 {
 
+using TestFiles = Faulty<FakeFiles>;
+
 const char kPath[] = "C:\\Menus\\Start.nvm";
 const char kTemporary[] = "C:\\Menus\\Start.nvm.tmp";
 const std::string kOld = "the old menu\r\n";
 const std::string kNew = "the new menu, which is longer than the old one\r\n";
 
-SystemError Save(FakeFiles& files, const std::string& contents = kNew)
+SystemError Save(TestFiles& files, const std::string& contents = kNew)
 {
     SafeSave save(files, kPath);
     const SystemError error = save.Begin();
@@ -24,31 +27,28 @@ SystemError Save(FakeFiles& files, const std::string& contents = kNew)
 // The worlds in which a save has to work, each with its own way to write.
 struct World {
     const char* name;
-    std::function<void(FakeFiles&)> make;
+    std::function<void(TestFiles&)> make;
     std::string before; // what stands under the name
-    bool inPlace;       // a power cut may then find the file half written
 };
 
 std::vector<World> Worlds()
 {
     return {
-        {"a file", [](FakeFiles&) {}, kOld, false},
-        {"no file", [](FakeFiles& files) { files.Remove(kPath); }, "(none)", false},
-        {"no new files in the folder", [](FakeFiles& files) { files.refuseNew = kAccessDenied; },
-         kOld, true},
-        {"a path too long for a temporary", [](FakeFiles& files) { files.refuseNew = 206; }, kOld,
-         true},
+        {"a file", [](TestFiles&) {}, kOld},
+        {"no file", [](TestFiles& files) { files.Remove(kPath); }, "(none)"},
+        {"no new files in the folder", [](TestFiles& files) { files.refuseNew = kAccessDenied; },
+         kOld},
+        {"a path too long for a temporary", [](TestFiles& files) { files.refuseNew = 206; }, kOld},
         {"no replacing in the folder",
-         [](FakeFiles& files) { files.refuseReplace = kAccessDenied; }, kOld, true},
+         [](TestFiles& files) { files.refuseReplace = kAccessDenied; }, kOld},
     };
 }
 
-FakeFiles FilesOf(const World& world)
+TestFiles FilesOf(const World& world)
 {
-    FakeFiles files;
+    TestFiles files;
     files.Put(kPath, kOld);
     world.make(files);
-    files.operations = 0;
     return files;
 }
 
@@ -56,7 +56,7 @@ TEST(SafeSave, WritesAllAndLeavesNothingBeside)
 {
     for (const World& world : Worlds()) {
         for (const std::string& contents : {kNew, std::string("short"), std::string()}) {
-            FakeFiles files = FilesOf(world);
+            TestFiles files = FilesOf(world);
             EXPECT_EQ(Save(files, contents), 0u) << world.name;
             EXPECT_EQ(files.Contents(kPath), contents) << world.name;
             EXPECT_EQ(files.Count(), 1u) << world.name;
@@ -66,47 +66,13 @@ TEST(SafeSave, WritesAllAndLeavesNothingBeside)
     }
 }
 
-// Each operation fails once, and once the program dies in it.
-TEST(SafeSave, LeavesTheOldOrTheNewFileWhateverHappens)
-{
-    for (const World& world : Worlds()) {
-        int operation = 0;
-        for (bool reached = true; reached;) {
-            ++operation;
-            for (const bool dies : {false, true}) {
-                FakeFiles files = FilesOf(world);
-                (dies ? files.killAt : files.failAt) = operation;
-                SystemError error = 1;
-                try {
-                    error = Save(files);
-                } catch (const Killed&) {
-                }
-                reached = files.operations >= operation;
-                for (const char* when : {"", " and a power cut"}) {
-                    const std::string after = files.Contents(kPath);
-                    // Of a file half written in place the new one beside is whole.
-                    EXPECT_TRUE((error != 0 && after == world.before) || after == kNew ||
-                                (dies && world.inPlace &&
-                                 (files.refuseNew != 0 || files.Contents(kTemporary) == kNew)))
-                        << world.name << ", " << operation << dies << when << ": " << after;
-                    if (!dies) {
-                        break;
-                    }
-                    files.CutPower();
-                }
-            }
-        }
-        EXPECT_GT(operation, 5) << "the loop tried nothing";
-    }
-}
-
 TEST(SafeSave, LeavesTheOldFileWhenTheDiskIsFull)
 {
     for (const World& world : Worlds()) {
         const std::size_t grown = kNew.size() - kOld.size();
         for (const std::size_t room : {std::size_t{0}, grown - 1, grown, kNew.size() - 1,
                                        kNew.size(), kNew.size() + grown - 1, 2 * kNew.size()}) {
-            FakeFiles files = FilesOf(world);
+            TestFiles files = FilesOf(world);
             files.room = room;
             const SystemError error = Save(files);
             const std::string expected = error == 0 ? kNew : world.before;
@@ -119,7 +85,7 @@ TEST(SafeSave, LeavesTheOldFileWhenTheDiskIsFull)
 
 TEST(SafeSave, RefusesWhatCannotBeWrittenBeforeTouchingIt)
 {
-    FakeFiles files; // a drive that is not there
+    TestFiles files; // a drive that is not there
     files.refuseNew = 3;
     EXPECT_EQ(Save(files), 3u);
     files.refuseNew = 0;
@@ -137,7 +103,7 @@ TEST(SafeSave, RefusesWhatCannotBeWrittenBeforeTouchingIt)
 
 TEST(SafeSave, LeavesTemporariesOfOthersAlone)
 {
-    FakeFiles files;
+    TestFiles files;
     files.Put(kPath, kOld);
     files.Put(kTemporary, "somebody's");
     EXPECT_EQ(Save(files), 0u);
