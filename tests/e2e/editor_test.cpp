@@ -238,6 +238,49 @@ TEST_F(Editor, AsksBeforeChangesAreLost)
     }
 }
 
+// Files that another program has open, or that are read-only: told, and nothing is lost.
+TEST_F(Editor, KeepsTheEditsWhenFilesAreRefused)
+{
+    const std::string start = WriteLinks("Start.nvm", {"a", "b"});
+    const std::string home = WriteLinks("Home.nvm", {"h"});
+    SetSetting("Settings", "Home", home);
+    Program& program = Edit(start);
+    PressKey(VK_DELETE);
+    EXPECT_TRUE(Until([&] { return Count() == 1; }));
+    const auto expectRefusal = [&](const std::string& message, DWORD error) {
+        char reason[256] = "";
+        FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, error, 0, reason, sizeof reason,
+                       nullptr);
+        const auto box = program.WaitForBox();
+        ASSERT_TRUE(box) << program.OnScreen();
+        EXPECT_EQ(box->text + "\r\n", message + "\n\n" + reason);
+        EXPECT_EQ(box->icon, BoxIcon::stop);
+        EXPECT_TRUE(program.Answer(*box, "OK"));
+        EXPECT_TRUE(WaitForMenu(start) && Count() == 1) << program.OnScreen();
+    };
+    const auto hold = [](const std::string& path) {
+        return CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    };
+    HANDLE held = hold(start);
+    PressKey('S', {VK_CONTROL});
+    expectRefusal("Cannot save:\n\n" + start, ERROR_SHARING_VIOLATION);
+    CloseHandle(held);
+    SetFileAttributesA(start.c_str(), FILE_ATTRIBUTE_READONLY);
+    PressKey('S', {VK_CONTROL});
+    expectRefusal("Cannot save:\n\n" + start, ERROR_ACCESS_DENIED);
+    SetFileAttributesA(start.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(Contents(start), MenuOf(Links({"a", "b"})));
+    held = hold(home);
+    ASSERT_TRUE(ClickButton("Home"));
+    const auto question = program.WaitForBox();
+    ASSERT_TRUE(question && program.Answer(*question, "No")) << program.OnScreen();
+    expectRefusal("Cannot open:\n\n" + home, ERROR_SHARING_VIOLATION);
+    CloseHandle(held);
+    EXPECT_EQ(Saved(start), MenuOf(Links({"b"})));
+    ASSERT_TRUE(ClickButton("Home"));
+    EXPECT_TRUE(WaitForMenu(home)) << program.OnScreen();
+}
+
 TEST_F(Editor, BrowseAndFontPickers)
 {
     const std::string path = WriteLinks("Start.nvm", {"a"});
