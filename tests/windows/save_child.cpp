@@ -1,19 +1,15 @@
-// Saves one of two menus after the other to the path given, until it is killed.
+// save_child DEED N PATH: does it, and dies in its N-th operation on files.
 #include "save_child.h"
 
-#include "docs/safe_save.h"
-#include "win32/win_files.h"
+#include <windows.h>
 
 int main(int count, char** arguments)
 {
-    if (count != 2) {
-        return 1;
+    if (count != 4) {
+        return 2;
     }
-    nv::WinFiles files;
-    for (bool first = true;; first = !first) {
-        nv::SafeSave save(files, arguments[1]);
-        if (save.Begin() != 0 || save.Finish(nv::SavedMenu(first)) != 0) {
-            return 2;
-        }
-    }
+    nv::FaultyDesk desk;
+    desk.files.killAt = std::stoi(arguments[2]);
+    desk.files.die = [] { TerminateProcess(GetCurrentProcess(), nv::kKilledExitCode); };
+    return nv::Do(desk, arguments[1], arguments[3]) ? 0 : 1;
 }

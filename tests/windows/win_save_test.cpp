@@ -1,7 +1,5 @@
 // Saves against real files: what refuses to be written, and a program that dies while it saves.
-#include "docs/safe_save.h"
 #include "e2e/driver.h"
-#include "fakes/fake_desk.h"
 #include "save_child.h"
 #include "scratch_folder.h"
 #include "win32/handles.h"
@@ -9,7 +7,6 @@
 
 #include <functional>
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace nv
 {
@@ -64,33 +61,65 @@ TEST(WinSave, ReportsWhatCannotBeWrittenAndLeavesIt)
     EXPECT_EQ(desk.files.List(folder / "*", 9), (std::vector<std::string>{"Start.nvm"}));
 }
 
-TEST(WinSave, LeavesAWholeFileWhenTheProgramIsKilled)
+// Each operation fails once, and once the program dies in it.
+TEST(WinSave, LeavesAWholeFileWhateverHappens)
 {
-    const ScratchFolder folder;
-    const std::string path = folder / "Start.nvm";
-    WinFiles files;
-    SafeSave first(files, path);
-    ASSERT_TRUE(first.Begin() == 0 && first.Finish(SavedMenu(false)) == 0);
-    const std::string command = '"' + FromTests("save_child.exe") + "\" \"" + path + '"';
-    int halfWritten = 0;
-    for (int round = 0; round < 8; ++round) {
-        auto child = std::make_unique<e2e::Program>(command);
-        // Killed the moment its temporary is seen for the n-th time.
-        const ULONGLONG deadline = GetTickCount64() + 20000;
-        for (int seen = 0; seen <= round * 2 && GetTickCount64() < deadline;) {
-            seen += files.List(folder / "*.tmp", 1).empty() ? 0 : 1;
+    const std::string old = "5>\r\n";
+    const struct {
+        std::string deed;
+        bool existed;
+        bool dies;
+        int halves; // how often the file may be found half written
+    } cases[] = {
+        {"save", true, false, 0},       {"save", true, true, 0},       {"create", false, false, 0},
+        {"create", false, true, 0},     {"in-place", true, false, 0},  {"in-place", true, true, 1},
+        {"unreplaced", true, false, 0}, {"unreplaced", true, true, 1}, {"save", false, false, 0},
+    };
+    for (const auto& c : cases) {
+        int operation = 0;
+        int halves = 0;
+        for (bool reached = true; reached;) {
+            ++operation;
+            SCOPED_TRACE(c.deed + (c.dies ? " dies at " : " fails at ") +
+                         std::to_string(operation));
+            const ScratchFolder folder;
+            const bool creates = c.deed == "create";
+            const std::string path = folder / (creates ? "Made\\Start.nvm" : "Start.nvm");
+            if (c.existed) {
+                std::ofstream(path, std::ios::binary) << old;
+            }
+            FaultyDesk desk;
+            bool done = false;
+            if (c.dies) {
+                const e2e::Program child('"' + FromTests("save_child.exe") + "\" " + c.deed + ' ' +
+                                         std::to_string(operation) + " \"" + path + '"');
+                const DWORD code = child.ExitCode().value_or(STILL_ACTIVE);
+                reached = code == kKilledExitCode;
+                done = code == 0;
+                EXPECT_TRUE(reached || done) << code;
+            } else {
+                desk.files.failAt = operation;
+                done = Do(desk, c.deed, path);
+                reached = desk.files.operations >= operation;
+            }
+            const std::string contents = Contents(path);
+            if (contents != (creates ? "" : kSavedMenu) &&
+                (done || contents != (c.existed ? old : ""))) {
+                ++halves;
+                EXPECT_TRUE(c.deed == "in-place" || Contents(path + ".tmp") == kSavedMenu);
+            }
+            EXPECT_TRUE(c.dies || desk.files.failed.starts_with("remove ") ||
+                        desk.files.List(folder / "*.tmp", 1).empty());
+            FakeDesk<WinFiles> next;
+            next.prompts.toQuestions = Answer::yes; // makes what is not there
+            EXPECT_TRUE(next.document.FOpen(path));
+            next.document.Lines().Append("more");
+            EXPECT_TRUE(next.document.SavePDM(path));
+            EXPECT_TRUE(Contents(path).ends_with("more\r\n"));
         }
-        ASSERT_TRUE(child->Running()) << "it ended by itself";
-        child.reset();
-        const std::string contents = Contents(path);
-        EXPECT_TRUE(contents == SavedMenu(true) || contents == SavedMenu(false))
-            << round << ": " << contents.size() << " bytes";
-        for (const std::string& left : files.List(folder / "*.tmp", 99)) {
-            ++halfWritten;
-            EXPECT_EQ(files.Remove(folder / left), 0u);
-        }
+        EXPECT_GT(operation, 4) << c.deed << ": nothing was tried";
+        EXPECT_EQ(halves, c.halves) << c.deed;
     }
-    EXPECT_GT(halfWritten, 0) << "no save was interrupted";
 }
 
 } // namespace
