@@ -32,3 +32,6 @@ add_library(windows_flags INTERFACE)
 target_link_libraries(windows_flags INTERFACE project_flags)
 target_compile_definitions(windows_flags INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
   _WIN32_WINNT=0x0601 WINVER=0x0601 _WIN32_IE=0x0600)
+if(NAVRIX_COUNT_HANDLES)
+  target_compile_definitions(windows_flags INTERFACE NAVRIX_COUNT_HANDLES)
+endif()

@@ -1,5 +1,6 @@
 // The main window's messages: layout, keyboard, focus.
 #include "mainwindow/form1.h"
+#include "win32/handle_counts.h"
 #include "win32/screen.h"
 
 namespace nv
@@ -94,7 +95,7 @@ std::optional<LRESULT> Form1::Route(UINT message, WPARAM wParam, LPARAM lParam)
         return 1;
     }
     default:
-        return std::nullopt;
+        return AnswerHandleCount(message, wParam);
     }
 }
 

@@ -1,6 +1,8 @@
 // Move-only owners of the platform's handles.
 #pragma once
 
+#include "win32/handle_counts.h"
+
 #include <windows.h>
 
 #include <utility>
@@ -15,15 +17,12 @@ public:
     using Type = typename Traits::Type;
 
     UniqueHandle() = default;
-    explicit UniqueHandle(Type handle) : handle_(handle) {}
-    UniqueHandle(UniqueHandle&& other) noexcept
-        : handle_(std::exchange(other.handle_, Traits::None()))
-    {
-    }
+    explicit UniqueHandle(Type handle) { Reset(handle); }
+    UniqueHandle(UniqueHandle&& other) noexcept { Reset(other.Release()); }
     UniqueHandle& operator=(UniqueHandle&& other) noexcept
     {
         if (this != &other) {
-            Reset(std::exchange(other.handle_, Traits::None()));
+            Reset(other.Release());
         }
         return *this;
     }
@@ -34,14 +33,25 @@ public:
     Type Get() const { return handle_; }
     explicit operator bool() const { return handle_ != Traits::None(); }
     // Hands the handle over to the caller.
-    Type Release() { return std::exchange(handle_, Traits::None()); }
+    Type Release()
+    {
+        const Type handle = std::exchange(handle_, Traits::None());
+        if (handle != Traits::None()) {
+            CountHandles<Traits>(-1);
+        }
+        return handle;
+    }
     // Releases what is owned and takes over handle.
     void Reset(Type handle = Traits::None())
     {
         if (handle_ != Traits::None()) {
             Traits::Release(handle_);
+            CountHandles<Traits>(-1);
         }
         handle_ = handle;
+        if (handle != Traits::None()) {
+            CountHandles<Traits>(1);
+        }
     }
 
 private:
