@@ -48,3 +48,6 @@ fuzz/run.sh 12
 
 begin 'The rules and the windows, under Wine'
 ctest --preset windows
+
+begin 'A robot that uses the program at random'
+tools/robot 60
