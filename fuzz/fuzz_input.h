@@ -25,8 +25,9 @@ namespace nv
     std::abort();
 }
 
-// One of single bytes, and two whose trail bytes may be a backslash, "@", "^" or a letter.
-inline const std::array kCodePages = {CodePage(1252), CodePage(932), CodePage(1361)};
+// One of single bytes, two whose trail bytes may be a backslash, "@", "^" or a letter, and UTF-8.
+inline const std::array kCodePages = {CodePage(1252), CodePage(932), CodePage(1361),
+                                      CodePage(65001)};
 
 inline std::string_view InputText(const std::uint8_t* data, std::size_t size)
 {

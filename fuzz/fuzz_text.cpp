@@ -23,18 +23,50 @@ namespace
 
 using Texts = std::vector<std::string>;
 
+// The bytes of a character in UTF-8.
+std::string Utf8Of(char32_t code)
+{
+    const auto low = [code](int shift) {
+        return static_cast<char>(0x80 | ((code >> shift) & 0x3F));
+    };
+    if (code < 0x80) {
+        return {static_cast<char>(code)};
+    }
+    if (code < 0x800) {
+        return {static_cast<char>(0xC0 | (code >> 6)), low(0)};
+    }
+    if (code < 0x10000) {
+        return {static_cast<char>(0xE0 | (code >> 12)), low(6), low(0)};
+    }
+    return {static_cast<char>(0xF0 | (code >> 18)), low(12), low(6), low(0)};
+}
+
+// The character that text begins with: the one that is written like that, or else a byte.
+std::string FirstOfUtf8(std::string_view text)
+{
+    const auto code = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    for (std::size_t length = 2; length <= std::min<std::size_t>(text.size(), 4); ++length) {
+        char32_t value = code(0) & (0x7FU >> length);
+        for (std::size_t at = 1; at < length; ++at) {
+            value = value << 6 | (code(at) & 0x3FU);
+        }
+        const bool half = value >= 0xD800 && value < 0xE000;
+        if (!half && value <= 0x10FFFF && Utf8Of(value) == text.substr(0, length)) {
+            return std::string(text.substr(0, length));
+        }
+    }
+    return std::string(text.substr(0, 1));
+}
+
 // Texts of one character each.
 Texts CharactersOf(std::string_view text, const CodePage& codePage)
 {
     Texts characters;
-    bool trail = false;
-    for (const char ch : text) {
-        if (trail) {
-            characters.back() += ch;
-        } else {
-            characters.emplace_back(1, ch);
-        }
-        trail = !trail && codePage.IsLeadByte(ch);
+    while (!text.empty()) {
+        const bool two = text.size() > 1 && codePage.IsLeadByte(text.front());
+        characters.push_back(codePage.Number() == 65001 ? FirstOfUtf8(text)
+                                                        : std::string(text.substr(0, two ? 2 : 1)));
+        text.remove_prefix(characters.back().size());
     }
     return characters;
 }
@@ -54,8 +86,9 @@ void CheckCodePage(std::string_view text, const CodePage& codePage)
     CHECK(codePage.FirstCharacters(text, characters.size() + 1) == text);
     const std::size_t bytes = text.size() / 2;
     const std::string_view whole = codePage.WholeCharacters(text, bytes);
-    CHECK(whole.size() == bytes || whole.size() + 1 == bytes);
-    CHECK(whole == Join(characters, 0, codePage.CountCharacters(whole)));
+    const std::size_t fit = codePage.CountCharacters(whole);
+    CHECK(whole == Join(characters, 0, fit));
+    CHECK(fit == characters.size() || whole.size() + characters[fit].size() > bytes);
     for (const char ch : {'\\', '@', '.'}) {
         const auto found = std::find(characters.rbegin(), characters.rend(), std::string(1, ch));
         const auto at = codePage.FindLast(text, ch);

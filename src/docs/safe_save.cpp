@@ -141,9 +141,10 @@ SystemError SafeSave::WriteInPlace(std::string_view contents)
     }
     error = Overwrite(*file, contents);
     if (error != 0) {
-        // Ignored: the first error is the one to tell, and more than this cannot be done. The old
-        // contents fit, since the file was not cut.
-        static_cast<void>(Overwrite(*file, old));
+        // The first error is the one to tell. The old contents fit, since the file was not cut.
+        if (Overwrite(*file, old) != 0) {
+            temporaryPath_.clear(); // stays: nothing else is whole now
+        }
         return error;
     }
     return file->Close();

@@ -12,8 +12,9 @@ namespace nv
 // One save of a whole file. The new contents are written beside the file and then given its name in
 // one step: whatever fails or dies on the way, the old file or the new one stands whole under the
 // name. Where the folder takes no new files, or does not let the file be replaced, the file is
-// written in place, by one call, and put back as it was when that fails: it is then safe from a
-// full disk, though not from a program that dies within that call.
+// written in place and put back as it was when that fails: it is then safe from a full disk, though
+// not from a program that dies while it writes. The new file beside, where there is one, stays
+// until the file is whole.
 class SafeSave
 {
 public:

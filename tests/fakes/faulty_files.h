@@ -19,6 +19,7 @@ public:
     // Operations are those that report an error, counted from 1. Of a write that goes wrong half is
     // done, of the others nothing.
     int failAt = 0;
+    int failures = 1;           // in a row, from failAt on
     SystemError failure = 1117; // an I/O error
     int killAt = 0;
     std::function<void()> die = [] { throw Killed(); };
@@ -117,7 +118,11 @@ private:
 
     bool NextGoesWrong() const
     {
-        return !dead_ && (operations + 1 == failAt || operations + 1 == killAt);
+        return !dead_ && (Fails(operations + 1) || operations + 1 == killAt);
+    }
+    bool Fails(int operation) const
+    {
+        return failAt > 0 && operation >= failAt && operation < failAt + failures;
     }
     // Begins an operation; the error that is due in it.
     SystemError Step(const std::string& operation, const std::string& path)
@@ -126,7 +131,7 @@ private:
             return failure; // a dead process changes nothing more, whatever its destructors try
         }
         ++operations;
-        if (operations != failAt && operations != killAt) {
+        if (!Fails(operations) && operations != killAt) {
             return 0;
         }
         failed = operation + ' ' + path;

@@ -83,6 +83,26 @@ TEST(SafeSave, LeavesTheOldFileWhenTheDiskIsFull)
     }
 }
 
+TEST(SafeSave, KeepsAWholeMenuWhenPuttingBackFailsToo)
+{
+    for (const World& world : Worlds()) {
+        for (int operation = 1; operation < 20; ++operation) {
+            for (const int failures : {2, 99}) { // for a moment, for good
+                TestFiles files = FilesOf(world);
+                files.failAt = operation;
+                files.failures = failures;
+                const SystemError error = Save(files);
+                const std::string after = files.Contents(kPath);
+                const bool whole = after == (error == 0 ? kNew : world.before);
+                // Where no file can be made, nothing else can hold it.
+                EXPECT_TRUE(whole || after == kNew || files.Contents(kTemporary) == kNew ||
+                            files.refuseNew != 0)
+                    << world.name << ", " << operation << ": " << after;
+            }
+        }
+    }
+}
+
 TEST(SafeSave, RefusesWhatCannotBeWrittenBeforeTouchingIt)
 {
     TestFiles files; // a drive that is not there
