@@ -37,7 +37,7 @@ complain 'Headers that are too big for the program' < <(
     grep -nE '^\s*#\s*include\s*<(iostream|fstream|sstream|iomanip|filesystem|regex)>' "${sources[@]}")
 
 # cppcheckError: it gives up on single expressions, which says nothing of the code. passedByValue: what
-# is passed may change meanwhile, or is moved.
+# is passed may change meanwhile, or is moved. missingIncludeSystem: it needs no system header.
 complain 'What cppcheck finds in the rules' < <(
     cppcheck -q --std=c++20 --language=c++ -I src --enable=warning,performance,portability \
         --suppress=cppcheckError --suppress=passedByValue --suppress=missingIncludeSystem \
