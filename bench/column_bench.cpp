@@ -17,6 +17,7 @@ using bench::LowQuarter;
 using bench::Median;
 using bench::Opening;
 using bench::Report;
+using bench::Rounds;
 using bench::Tell;
 using bench::TimeOf;
 
@@ -169,7 +170,7 @@ void ReportOpening(BenchWindow& bench)
 {
     std::array<std::vector<double>, kEntries.size()> first;
     std::array<std::vector<double>, kEntries.size()> whole;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < Rounds(kRounds); ++round) {
         for (std::size_t menu = 0; menu < kEntries.size(); ++menu) {
             const Opening opening = bench.Open(menu);
             first[menu].push_back(opening.firstScreen);
@@ -203,7 +204,7 @@ void ReportCosts(BenchWindow& bench)
     Comparison comparisons[] = {{"painting a screen", &Costs::paint, {}, {}, {}},
                                 {"scrolling a step", &Costs::scroll, {}, {}, {}},
                                 {"pointing at an entry", &Costs::point, {}, {}, {}}};
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < Rounds(kRounds); ++round) {
         bench.Open(kHundred);
         const Costs hundred = Measure(bench);
         bench.Open(kLarge);

@@ -16,6 +16,7 @@ using bench::BenchWindow;
 using bench::LowQuarter;
 using bench::Median;
 using bench::Report;
+using bench::Rounds;
 using bench::Tell;
 using bench::TimeOf;
 
@@ -269,7 +270,7 @@ int main()
     };
     BenchWindow bench("edit", {kEntries.begin(), kEntries.end()});
     std::vector<double> shifts;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < Rounds(kRounds); ++round) {
         std::array<Costs, kEntries.size()> costs;
         for (std::size_t menu = 0; menu < kEntries.size(); ++menu) {
             bench.Open(menu);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 namespace nv::bench
 {
@@ -26,6 +27,12 @@ double Median(std::vector<double> rounds)
 double LowQuarter(std::vector<double> rounds)
 {
     return Ranked(rounds, rounds.size() / 4);
+}
+
+int Rounds(int usual)
+{
+    const char* wanted = std::getenv("NAVRIX_BENCH_ROUNDS");
+    return wanted != nullptr ? std::max(std::atoi(wanted), 1) : usual;
 }
 
 void Tell(const std::string& figure, double measured, const char* unit)

@@ -13,6 +13,9 @@ double Median(std::vector<double> rounds);
 // so this says more of work done in one process.
 double LowQuarter(std::vector<double> rounds);
 
+// How many rounds to measure: so many, or what the environment variable NAVRIX_BENCH_ROUNDS says.
+int Rounds(int usual);
+
 // A figure that has no aim, for the reader.
 void Tell(const std::string& figure, double measured, const char* unit);
 // A figure and the most that it may be. The line begins with "=": bench/run.sh makes its table of

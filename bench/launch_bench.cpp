@@ -68,7 +68,7 @@ int main()
     std::vector<double> click;
     std::vector<double> bare;
     std::vector<double> ratio;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < Rounds(kRounds); ++round) {
         bare.push_back(UntilItRuns(runs, [&] {
             ShellExecuteA(nullptr, "open", program.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
         }));

@@ -76,7 +76,7 @@ int main(int count, char** arguments)
     std::vector<double> inProcess;
     std::vector<double> process;
     std::vector<double> readOnly;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < Rounds(kRounds); ++round) {
         counting.push_back(TimeOf({"wc", "-l", menu.c_str()}));
         const auto start = Clock::now();
         ReadAndDecode(menu.c_str());

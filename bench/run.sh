@@ -7,9 +7,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck disable=SC2086
 install_missing $packages_bench
 native=$PWD/build/bench
-windows=$PWD/build/bench-windows
+windows=$PWD/build/windows
 
-for preset in bench bench-windows; do
+for preset in bench windows; do
     [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >/dev/null
     cmake --build --preset "$preset" | tail -n 1
 done
@@ -30,16 +30,17 @@ run "rules" ./rules_bench 2>/dev/null
 
 # Without the heap checker, which the tests have; with the services running.
 tools=$OLDPWD/tools
-"$tools/wine-up" "$windows/wine" picture
-. "$windows/wine/env"
+wine=$windows/wine-bench
+"$tools/wine-up" "$wine" picture
+. "$wine/env"
 cd "$windows/bench"
 program=$windows/program/NVMenu.exe
 run "start" wine start_bench.exe "Z:${program//\//\\}"
-"$tools/wine-up" "$windows/wine" picture
+"$tools/wine-up" "$wine" picture
 run "launch" wine launch_bench.exe
-"$tools/wine-up" "$windows/wine" picture
+"$tools/wine-up" "$wine" picture
 run "column" wine column_bench.exe
-"$tools/wine-up" "$windows/wine" picture
+"$tools/wine-up" "$wine" picture
 run "editing" wine edit_bench.exe
 
 echo

@@ -184,7 +184,7 @@ int main(int count, char** arguments)
         }
         TakePicture(program);
     }
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < Rounds(kRounds); ++round) {
         for (Program& program : programs) {
             Run run(program);
             program.visible.push_back(run.UntilVisible());

@@ -98,8 +98,10 @@ void CheckReading(const std::string& contents)
 {
     CHECK(Read(contents, 1 + contents.size() % 5) == LinesOf(contents));
     if (contents.size() % 16 == 0) {
-        constexpr std::size_t kBlock = std::size_t{16} * 1024; // the first of them
-        const std::string padding(kBlock - contents.size() / 2, 'x');
+        constexpr std::size_t kFirst = std::size_t{16} * 1024;
+        constexpr std::size_t kSecond = kFirst + std::size_t{256} * 1024;
+        const std::size_t end = contents.size() % 64 == 0 ? kSecond : kFirst;
+        const std::string padding(end - contents.size() / 2, 'x');
         Texts padded = LinesOf('x' + contents);
         padded.front().insert(0, padding, 1);
         CHECK(Read(padding + contents, SIZE_MAX) == padded);

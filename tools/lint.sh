@@ -27,7 +27,7 @@ done
 
 # A standard header's name is one word; that of any platform has a dot or a slash.
 complain 'Rules that include a platform header (or windows missing in their CMakeLists.txt)' < <(
-    grep -nE '^\s*#\s*include\s*<[^>]*[./][^>]*>' "${rules[@]}")
+    grep -niE '^\s*#\s*include\s*(<[^>]*[./][^>]*>|"windows\.h")' "${rules[@]}")
 complain 'Rules that depend on the platform' < <(
     grep -nE '^\s*#\s*(if|elif).*\b(_WIN32|_WIN64|WIN32|__MINGW|__linux__)' "${rules[@]}")
 complain 'Rules that include a header of windows' < <(
@@ -38,6 +38,7 @@ complain 'Headers that are too big for the program' < <(
 
 # cppcheckError: it gives up on single expressions, which says nothing of the code. passedByValue: what
 # is passed may change meanwhile, or is moved. missingIncludeSystem: it needs no system header.
+command -v cppcheck >/dev/null || { echo "lint.sh: cppcheck is missing" >&2; exit 1; }
 complain 'What cppcheck finds in the rules' < <(
     cppcheck -q --std=c++20 --language=c++ -I src --enable=warning,performance,portability \
         --suppress=cppcheckError --suppress=passedByValue --suppress=missingIncludeSystem \
@@ -69,12 +70,15 @@ wide='DispatchMessage|GetMessage|IsDialogMessage|PeekMessage|WriteConsole'
 wide+='|DrawText|GetTextExtentExPoint|GetTextExtentPoint32|TextOut|GetModuleHandle|LoadLibrary'
 system_dlls='kernel32|user32|gdi32|advapi32|shell32|comctl32|comdlg32|ole32|oleaut32|oleacc|msvcrt'
 for program in build/windows{,32}/program/*.exe; do
+    headers=$(x86_64-w64-mingw32-objdump -p "$program")
+    dlls=$(sed -n 's/.*DLL Name: //p' <<<"$headers")
+    functions=$(awk '$1 ~ /^[0-9a-f]+$/ && NF == 3 { print $3 }' <<<"$headers")
+    grep -qix kernel32.dll <<<"$dlls" && grep -qx GetProcAddress <<<"$functions" ||
+        complain "$program: what it imports cannot be read" <<<"$dlls $functions"
     complain "$program needs more than the system has" < <(
-        x86_64-w64-mingw32-objdump -p "$program" | sed -n 's/.*DLL Name: //p' |
-            grep -vixE "($system_dlls)\.dll")
+        grep -vixE "($system_dlls)\.dll" <<<"$dlls")
     complain "$program calls functions for wide characters" < <(
-        x86_64-w64-mingw32-objdump -p "$program" | awk '$1 ~ /^[0-9a-f]+$/ && NF == 3 { print $3 }' |
-            grep -E '[a-z]W$' | grep -vxE "($wide)W")
+        grep -E '[a-z]W$' <<<"$functions" | grep -vxE "($wide)W")
     complain "$program is too big" < <(find "$program" -size +999999c)
 done
 exit $wrong

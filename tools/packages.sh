@@ -13,12 +13,12 @@ packages_package="$packages_run nsis"
 # To fuzz the rules.
 packages_fuzz="cmake ninja-build g++ clang-14 libclang-rt-14-dev"
 
-# To check and test it. locales, fonts-misaki: machines of other code pages, one of them Japanese.
-packages_test="$packages_package $packages_fuzz g++-mingw-w64-i686-posix clang-format-14 cppcheck
-    locales fonts-misaki"
+# To measure it; nsis: the preset makes the installer as well.
+packages_bench="$packages_package g++ libbenchmark-dev"
 
-# To measure it.
-packages_bench="$packages_run g++ libbenchmark-dev"
+# To check and test it. locales, fonts-misaki: machines of other code pages, one of them Japanese.
+packages_test="$packages_bench $packages_fuzz g++-mingw-w64-i686-posix clang-format-14 cppcheck
+    locales fonts-misaki"
 
 # install_missing PACKAGE...: asks dpkg, not apt, so that it costs nothing when all are there.
 install_missing() {

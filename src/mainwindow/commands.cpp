@@ -26,6 +26,10 @@ std::optional<Command> CommandOfControlKey(Key key, bool editing, bool inItemLis
     switch (key) {
     case Key::e:
         return editing ? Command::normal : Command::edit;
+    case Key::n:
+        return Command::newMenu;
+    case Key::o:
+        return Command::openMenu;
     case Key::s:
         return Command::saveMenu;
     case Key::z:

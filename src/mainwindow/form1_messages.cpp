@@ -35,6 +35,10 @@ Key KeyOf(WPARAM key)
         return Key::del;
     case 'E':
         return Key::e;
+    case 'N':
+        return Key::n;
+    case 'O':
+        return Key::o;
     case 'S':
         return Key::s;
     case 'Y':

@@ -80,8 +80,10 @@ std::string ComDial::SaveFileDialog(const std::string& title, const std::string&
 std::string ComDial::PickFile(Picker picker, OPENFILENAMEA record, const std::string& title,
                               const std::string& filter, int filterIndex, HWND owner)
 {
-    // Letters of most scripts have three bytes in UTF-8.
-    const DWORD size = ProcessCodePage().IsUtf8() ? kPathBuffer * 3 : kPathBuffer;
+    // In UTF-8 a unit of 16 bits has up to three bytes; what was cut is longer than the longest
+    // path.
+    const DWORD size = ProcessCodePage().IsUtf8() ? kPathBuffer * 3 + 4 : kPathBuffer;
+    const DWORD longest = ProcessCodePage().IsUtf8() ? (kPathBuffer - 1) * 3 : kPathBuffer - 1;
     std::string path(size + 1, '\0');
     std::string fileTitle = path;
     const std::string closedFilter = filter + '\0';      // a second NUL ends the list
@@ -102,7 +104,7 @@ std::string ComDial::PickFile(Picker picker, OPENFILENAMEA record, const std::st
     RestoreProgramFolder();
     // Of a path that is too long, the buffer holds something else, or in UTF-8 its beginning.
     path.resize(path.find('\0'));
-    return picked && path.size() < size ? path : "";
+    return picked && path.size() <= longest ? path : "";
 }
 
 Color ComDial::FontDialog(HDC deviceContext, HWND owner, Font& font, Color color)

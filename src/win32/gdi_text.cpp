@@ -1,7 +1,8 @@
 #include "win32/gdi_text.h"
 
+#include "win32/screen.h"
+
 #include <algorithm>
-#include <cstring>
 #include <functional>
 #include <utility>
 
@@ -76,8 +77,9 @@ LOGFONTA LogFontOf(const Font& font, const ScreenScale& scale)
     record.lfUnderline = font.underline;
     record.lfStrikeOut = font.strikethrough;
     record.lfCharSet = static_cast<BYTE>(font.charset);
-    std::memcpy(record.lfFaceName, font.name.data(),
-                std::min(font.name.size(), sizeof record.lfFaceName - 1));
+    const std::string_view name =
+        ProcessCodePage().WholeCharacters(font.name, sizeof record.lfFaceName - 1);
+    std::copy(name.begin(), name.end(), record.lfFaceName);
     return record;
 }
 
@@ -203,8 +205,21 @@ std::size_t GdiText::Fit(const Font& font, std::string_view text, Twips width)
 {
     EntryOf(font); // selects it
     const int pixels = std::max(scale_.PixelsX(width), 0);
-    // Hardly any character is narrower than a pixel: the rest of a long text need not be measured.
-    text = codePage_.FirstCharacters(text, static_cast<std::size_t>(pixels) * 2 + 64);
+    // Measuring costs time for each character, and a row of a long text is a small part of it: most
+    // letters are wider than four pixels, and hardly any narrower than one.
+    const auto most = static_cast<std::size_t>(pixels) * 2 + 64;
+    for (auto count = static_cast<std::size_t>(pixels) / 4 + 16;;
+         count = std::min(count * 2, most)) {
+        const std::string_view part = codePage_.FirstCharacters(text, count);
+        const std::size_t fits = FitAll(part, pixels);
+        if (fits < part.size() || part.size() == text.size() || count == most) {
+            return fits;
+        }
+    }
+}
+
+std::size_t GdiText::FitAll(std::string_view text, int pixels) const
+{
     int fits = 0;
     SIZE size = {};
     if (const auto wide = Wide(text)) {

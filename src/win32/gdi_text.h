@@ -44,6 +44,8 @@ private:
     Entry& EntryOf(const Font& font);
     void Open(const Font& font, Entry& entry);
     void CloseFonts();
+    // Bytes of text that fit into so many pixels of the selected font.
+    std::size_t FitAll(std::string_view text, int pixels) const;
 
     ScreenScale scale_;
     CodePage codePage_;

@@ -74,6 +74,8 @@ TEST(Commands, HaveKeys)
         {Key::e, control, box, Command::normal},
         {Key::e, none, box, std::nullopt},
         {Key::e, altGr, box, std::nullopt}, // writes a letter
+        {Key::n, control, box, Command::newMenu},
+        {Key::o, control, view, Command::openMenu},
         {Key::s, control, view, Command::saveMenu},
         {Key::s, altGr, box, std::nullopt},
         {Key::z, control, box, Command::undo},
