@@ -1,9 +1,154 @@
-// Machines of other code pages: menus, folders and programs that have names in the language, and
-// captions that are shown in it.
-#include "e2e/code_page_stage.h"
+// Machines of other code pages: menus, folders and programs that have names in the language,
+// captions that are shown in it, and typing. These run once for each language, see NAVRIX_LOCALE in
+// tools/wine-run, and where all other tests run.
+#include "e2e/stage.h"
+
+#include <algorithm>
+#include <string_view>
 
 namespace nv::e2e
 {
+
+namespace
+{
+
+// The controls of the edit panel.
+constexpr int kItems = 301;
+constexpr int kCaption = 303;
+constexpr int kCommand = 304;
+
+// Letters of a language in its code page. The second byte of the Japanese ones is "\". The system
+// has no other code page than UTF-8 for Hindi: a letter of two bytes, and those of three and four.
+struct Language {
+    const char* locale;
+    UINT codePage;
+    BYTE charset;
+    std::string one;
+    std::string two;
+    std::string broken; // bytes that are no letter, if there are any
+};
+
+const Language& LanguageOfThisRun()
+{
+    static const Language kLanguages[] = {
+        {"pl_PL.UTF-8", 1250, EASTEUROPE_CHARSET, "\xB3", "\xB9", ""},
+        {"ru_RU.UTF-8", 1251, RUSSIAN_CHARSET, "\xFF", "\xC6", ""},
+        {"el_GR.UTF-8", 1253, GREEK_CHARSET, "\xD9", "\xF8", ""},
+        {"ja_JP.UTF-8", 932, SHIFTJIS_CHARSET, "\x83\x5C", "\x95\x5C", "\x83"},
+        {"hi_IN.UTF-8", CP_UTF8, ANSI_CHARSET, "\xD0\xAF", "\xE2\x82\xAC\xF0\x9D\x94\xB8",
+         "\xE3\x82!"},
+        {"", 1252, ANSI_CHARSET, "\xE4", "\xDF", ""},
+    };
+    char locale[1024] = "";
+    GetEnvironmentVariableA("NAVRIX_LOCALE", locale, sizeof locale);
+    return *std::find_if(std::begin(kLanguages), std::end(kLanguages) - 1,
+                         [&locale](const Language& language) {
+                             return std::string_view(locale).ends_with(language.locale);
+                         });
+}
+
+std::wstring Wide(const std::string& text)
+{
+    const auto size = static_cast<int>(text.size());
+    std::wstring wide(text.size(), L'\0');
+    wide.resize(static_cast<std::size_t>(
+        MultiByteToWideChar(CP_ACP, 0, text.data(), size, wide.data(), size)));
+    return wide;
+}
+
+// Types text as a keyboard of the language does.
+void TypeLetters(const std::string& text)
+{
+    for (const wchar_t letter : Wide(text)) {
+        INPUT input = {};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wScan = letter;
+        input.ki.dwFlags = KEYEVENTF_UNICODE;
+        SendInput(1, &input, sizeof input);
+        input.ki.dwFlags |= KEYEVENTF_KEYUP;
+        SendInput(1, &input, sizeof input);
+    }
+}
+
+} // namespace
+
+// The program's folder has a name in the language.
+class CodePage : public Stage
+{
+protected:
+    CodePage() : Stage("the " + LanguageOfThisRun().two) {}
+
+    void SetUp() override
+    {
+        ASSERT_EQ(GetACP(), language_.codePage);
+        Stage::SetUp();
+    }
+
+    // The text as it must stand on the screen.
+    Picture Drawn(const std::string& text, int points, COLORREF color) const
+    {
+        return Picture::OfText(Wide(text), points, language_.charset, color);
+    }
+
+    static bool Shows(HWND window, const Picture& part)
+    {
+        return Until([&] { return Picture(window).Contains(part); }, 5000);
+    }
+
+    // How many files and folders a folder holds.
+    static int CountIn(const std::string& folder)
+    {
+        int count = -2; // "." and ".."
+        WIN32_FIND_DATAA found = {};
+        const HANDLE search = FindFirstFileA((folder + "\\*").c_str(), &found);
+        for (BOOL more = search != INVALID_HANDLE_VALUE; more;
+             more = FindNextFileA(search, &found)) {
+            ++count;
+        }
+        FindClose(search);
+        return count;
+    }
+
+    HWND Header() { return FindWindowExA(Running().Window(), nullptr, "NavrixKelPic", nullptr); }
+
+    // A link or label in the language.
+    Entry In(EntryType type, const std::string& caption, const std::string& command, int mark) const
+    {
+        Entry entry = {type, caption, command, static_cast<long>(Mark(mark))};
+        entry.charset = language_.charset;
+        return entry;
+    }
+
+    bool OpenPanel()
+    {
+        PressKey('E', {VK_CONTROL});
+        return Running().WaitForFocus("ListBox");
+    }
+    // Selects an entry with the keyboard, and waits until a box holds what the entry says.
+    bool Select(int index, int box, const std::string& text)
+    {
+        Click(CentreOf(Running().Control(kItems)));
+        PressKey(VK_HOME);
+        for (int step = 0; step < index; ++step) {
+            PressKey(VK_DOWN);
+        }
+        return Until([&] {
+            return SendMessageA(Running().Control(kItems), LB_GETCURSEL, 0, 0) == index &&
+                   TextOf(Running().Control(box)) == text;
+        });
+    }
+    // Types behind what the box holds.
+    void TypeInto(int box, const std::string& text)
+    {
+        Click(CentreOf(Running().Control(box)));
+        PressKey(VK_END);
+        TypeLetters(text);
+    }
+
+    const Language& language_ = LanguageOfThisRun();
+    const std::string& one_ = language_.one;
+    const std::string& two_ = language_.two;
+};
 
 TEST_F(CodePage, ShowsNamesAndCaptions)
 {
@@ -83,7 +228,7 @@ TEST_F(CodePage, TellsAndCreatesWhatIsNotThere)
     ASSERT_TRUE(box);
     EXPECT_EQ(box->text,
               "File " + path + " does not exist.\n\nWould you like to create a new menu?");
-    ASSERT_TRUE(program.Answer(*box, box->buttons.front()));
+    ASSERT_TRUE(program.Answer(*box, box->buttons.front())); // in the language
     ASSERT_TRUE(WaitUntilLoaded(path)) << program.OnScreen();
     EXPECT_NE(GetFileAttributesA(path.c_str()), INVALID_FILE_ATTRIBUTES);
     EXPECT_EQ(CountIn(Folder()), before + 1); // and no part of a name
@@ -100,6 +245,37 @@ TEST_F(CodePage, TellsAndCreatesWhatIsNotThere)
                                  "\n\nIt was not found, or no program opens files of its kind.");
     EXPECT_TRUE(companion.Answer(*message, message->buttons.front()));
     EXPECT_EQ(companion.ExitCode(), 1u);
+}
+
+TEST_F(CodePage, KeepsWhatIsTyped)
+{
+    const std::string name = one_ + two_ + ".nvm";
+    Entry link = In(kLink, one_ + language_.broken, "x.exe", 0);
+    Entry label = In(kLabel, two_ + one_, "", 1);
+    Open(WriteMenu(name, {link, label}));
+    ASSERT_TRUE(OpenPanel()) << Running().OnScreen();
+    ASSERT_TRUE(Select(1, kCaption, label.caption)) << Running().OnScreen();
+    TypeInto(kCaption, two_ + one_);
+    label.caption += two_ + one_;
+    EXPECT_TRUE(Until([&] { return TextOf(Running().Control(kCaption)) == label.caption; }))
+        << Running().OnScreen();
+    ASSERT_TRUE(Select(0, kCommand, link.command)) << Running().OnScreen();
+    if (!language_.broken.empty()) {
+        TypeInto(kCaption, one_); // cannot be edited: the box would lose those bytes
+    }
+    TypeInto(kCommand, " " + one_ + two_);
+    link.command += " " + one_ + two_;
+    PressKey('S', {VK_CONTROL});
+    EXPECT_TRUE(Until([&] {
+        return Contents(Path(name)) == MenuOf({link, label});
+    })) << Running().OnScreen();
+    EXPECT_EQ(Close(), 0u); // asks nothing: all is saved
+
+    Program& program = Open(Path(name));
+    EXPECT_TRUE(Shows(program.View(), Drawn(label.caption, 16, Mark(1))));
+    ASSERT_TRUE(OpenPanel()) << program.OnScreen();
+    EXPECT_TRUE(Select(1, kCaption, label.caption)) << program.OnScreen();
+    EXPECT_TRUE(Select(0, kCommand, link.command)) << program.OnScreen();
 }
 
 } // namespace nv::e2e

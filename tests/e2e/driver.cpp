@@ -15,15 +15,10 @@ constexpr char kBoxClass[] = "#32770";
 constexpr int kBoxText = 0xFFFF;
 constexpr int kBoxIcon = 0x440; // the control ids that the system gives them
 
-std::vector<HWND> ChildrenOf(HWND parent)
+BOOL CALLBACK Add(HWND window, LPARAM list)
 {
-    std::vector<HWND> children;
-    const auto add = [](HWND child, LPARAM list) -> BOOL {
-        reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
-        return TRUE;
-    };
-    EnumChildWindows(parent, add, reinterpret_cast<LPARAM>(&children));
-    return children;
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
 }
 
 std::string WithoutMnemonic(std::string text)
@@ -32,12 +27,13 @@ std::string WithoutMnemonic(std::string text)
     return text;
 }
 
-HWND FocusOf(HWND window)
+HWND ChildOf(HWND parent, const std::string& className, const std::string& text)
 {
-    GUITHREADINFO info = {};
-    info.cbSize = sizeof info;
-    return GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info) ? info.hwndFocus
-                                                                              : nullptr;
+    const std::vector<HWND> all = ChildrenOf(parent);
+    const auto found = std::find_if(all.begin(), all.end(), [&](HWND child) {
+        return ClassOf(child) == className && WithoutMnemonic(TextOf(child)) == text;
+    });
+    return found != all.end() ? *found : nullptr;
 }
 
 // Icon handles mean nothing in another process: what stands on the screen is compared with each
@@ -53,30 +49,16 @@ BoxIcon IconOf(HWND control)
                                                 {BoxIcon::question, IDI_QUESTION},
                                                 {BoxIcon::exclamation, IDI_EXCLAMATION},
                                                 {BoxIcon::information, IDI_ASTERISK}};
-    const HDC screen = GetDC(nullptr);
-    const HDC dc = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, kSize, kSize);
-    const HGDIOBJ old = SelectObject(dc, bitmap);
-    BoxIcon found = BoxIcon::unknown;
     for (const auto& [kind, name] : kinds) {
-        const RECT all = {0, 0, kSize, kSize};
-        FillRect(dc, &all, GetSysColorBrush(COLOR_BTNFACE));
-        DrawIconEx(dc, 0, 0, LoadIconA(nullptr, name), kSize, kSize, 0, nullptr, DI_NORMAL);
-        int differing = 0;
-        for (int pixel = 0; pixel < kSize * kSize; ++pixel) {
-            const int x = pixel % kSize;
-            const int y = pixel / kSize;
-            differing += shown.At(x, y) != GetPixel(dc, x, y) ? 1 : 0;
-        }
-        if (differing == 0) {
-            found = kind;
+        const HICON icon = LoadIconA(nullptr, name);
+        const Picture drawn({kSize, kSize}, [icon](HDC dc) {
+            DrawIconEx(dc, 0, 0, icon, kSize, kSize, 0, nullptr, DI_NORMAL);
+        });
+        if (shown.Contains(drawn)) {
+            return kind;
         }
     }
-    SelectObject(dc, old);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
-    ReleaseDC(nullptr, screen);
-    return found;
+    return BoxIcon::unknown;
 }
 
 void Send(INPUT input)
@@ -93,22 +75,6 @@ void SendKey(WORD key, bool down)
     const bool extended = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_DELETE;
     input.ki.dwFlags =
         (down ? 0U : DWORD{KEYEVENTF_KEYUP}) | (extended ? DWORD{KEYEVENTF_EXTENDEDKEY} : 0U);
-    Send(input);
-}
-
-// Each event carries its place: between two of them the program may still report a movement of
-// the pointer that lies some time back, and takes the pointer there.
-void SendMouse(POINT at, DWORD flags, DWORD data = 0)
-{
-    constexpr LONG kWhole = 65536; // the width and the height of the screen
-    const LONG width = GetSystemMetrics(SM_CXSCREEN);
-    const LONG height = GetSystemMetrics(SM_CYSCREEN);
-    INPUT input = {};
-    input.type = INPUT_MOUSE;
-    input.mi.dx = (at.x * kWhole + width - 1) / width;
-    input.mi.dy = (at.y * kWhole + height - 1) / height;
-    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
-    input.mi.mouseData = data;
     Send(input);
 }
 
@@ -190,21 +156,9 @@ std::optional<DWORD> Program::ExitCode(DWORD within) const
 
 std::vector<HWND> Program::TopWindows() const
 {
-    struct Search {
-        DWORD process;
-        std::vector<HWND> found;
-    } search = {process_.dwProcessId, {}};
-    const auto add = [](HWND window, LPARAM parameter) -> BOOL {
-        auto& wanted = *reinterpret_cast<Search*>(parameter);
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        if (process == wanted.process && IsWindowVisible(window)) {
-            wanted.found.push_back(window);
-        }
-        return TRUE;
-    };
-    EnumWindows(add, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    std::vector<HWND> windows = TopWindowsOf(process_.dwProcessId);
+    std::erase_if(windows, [](HWND window) { return !IsWindowVisible(window); });
+    return windows;
 }
 
 HWND Program::WindowNow() const
@@ -251,12 +205,7 @@ HWND Program::Control(int id)
 
 HWND Program::Button(const std::string& caption)
 {
-    for (const HWND child : ChildrenOf(Window())) {
-        if (ClassOf(child) == "KelButton" && TextOf(child) == caption) {
-            return child;
-        }
-    }
-    return nullptr;
+    return ChildOf(Window(), "KelButton", caption);
 }
 
 bool Program::Answers(DWORD within) const
@@ -276,6 +225,11 @@ std::string Program::Focus() const
     }
     const std::string className = ClassOf(focus);
     return className == "KelButton" ? TextOf(focus) : className;
+}
+
+bool Program::WaitForFocus(const std::string& focus) const
+{
+    return Until([&] { return Focus() == focus; });
 }
 
 std::optional<Box> Program::BoxNow() const
@@ -320,13 +274,12 @@ std::optional<Box> Program::WaitForBox(DWORD within) const
 
 bool Program::Answer(const Box& box, const std::string& button) const
 {
-    for (const HWND child : ChildrenOf(box.window)) {
-        if (ClassOf(child) == "Button" && WithoutMnemonic(TextOf(child)) == button) {
-            Click(CentreOf(child));
-            return Until([&] { return !IsWindow(box.window); });
-        }
+    const HWND child = ChildOf(box.window, "Button", button);
+    if (child == nullptr) {
+        return false;
     }
-    return false;
+    Click(CentreOf(child));
+    return Until([&] { return !IsWindow(box.window); });
 }
 
 HWND Program::WaitForDialog(const std::string& title) const
@@ -334,13 +287,23 @@ HWND Program::WaitForDialog(const std::string& title) const
     HWND found = nullptr;
     Until([&] {
         for (const HWND window : TopWindows()) {
-            if (ClassOf(window) == kBoxClass && TextOf(window) == title) {
-                found = window;
-            }
+            found = ClassOf(window) == kBoxClass && TextOf(window) == title ? window : found;
         }
         return found != nullptr || !Running();
     });
     return found;
+}
+
+HWND Program::PickFile(const std::string& title, const std::string& name) const
+{
+    constexpr int kFileName = 0x47c;
+    const HWND picker = WaitForDialog(title);
+    Until([&] {
+        SetDlgItemTextA(picker, kFileName, name.c_str());
+        return TextOf(GetDlgItem(picker, kFileName)) == name;
+    });
+    PostMessageA(picker, WM_COMMAND, name.empty() ? IDCANCEL : IDOK, 0);
+    return picker;
 }
 
 std::optional<DWORD> Program::Close(DWORD within)
@@ -382,19 +345,20 @@ std::string Program::OnScreen() const
 
 // Mouse and keyboard
 
-void MoveMouse(POINT at)
+// Each event carries its place: between two of them the program may still report a movement of
+// the pointer that lies some time back, and takes the pointer there.
+void SendMouse(POINT at, DWORD flags, DWORD data)
 {
-    SendMouse(at, 0);
-}
-
-void PressMouse(POINT at, DWORD button)
-{
-    SendMouse(at, button);
-}
-
-void ReleaseMouse(POINT at, DWORD button)
-{
-    SendMouse(at, button);
+    constexpr LONG kWhole = 65536; // the width and the height of the screen
+    const LONG width = GetSystemMetrics(SM_CXSCREEN);
+    const LONG height = GetSystemMetrics(SM_CYSCREEN);
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    input.mi.dx = (at.x * kWhole + width - 1) / width;
+    input.mi.dy = (at.y * kWhole + height - 1) / height;
+    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
+    input.mi.mouseData = data;
+    Send(input);
 }
 
 void Click(POINT at)
@@ -454,32 +418,43 @@ Picture::Picture(HWND window)
     ReleaseDC(nullptr, screen);
 }
 
-Picture::Picture(const std::wstring& text, int points, BYTE charset, COLORREF color)
+Picture::Picture(SIZE size, const std::function<void(HDC)>& draw)
+    : width_(size.cx), height_(size.cy)
 {
-    const auto length = static_cast<int>(text.size());
     const HDC screen = GetDC(nullptr);
     const HDC dc = CreateCompatibleDC(screen);
-    const HFONT font = CreateFontA(-MulDiv(points, 96, 72), 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE,
-                                   charset, 0, 0, 0, 0, "Tahoma");
-    const HGDIOBJ oldFont = SelectObject(dc, font);
-    SIZE size = {};
-    GetTextExtentPoint32W(dc, text.c_str(), length, &size);
-    width_ = size.cx;
-    height_ = size.cy;
     const HBITMAP bitmap = CreateCompatibleBitmap(screen, width_, height_);
-    const HGDIOBJ oldBitmap = SelectObject(dc, bitmap);
+    ReleaseDC(nullptr, screen);
+    const HGDIOBJ old = SelectObject(dc, bitmap);
     const RECT all = {0, 0, width_, height_};
     FillRect(dc, &all, GetSysColorBrush(COLOR_BTNFACE));
-    SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, color);
-    TextOutW(dc, 0, 0, text.c_str(), length);
+    draw(dc);
     Take(dc, {0, 0});
-    SelectObject(dc, oldBitmap);
-    SelectObject(dc, oldFont);
+    SelectObject(dc, old);
     DeleteObject(bitmap);
-    DeleteObject(font);
     DeleteDC(dc);
+}
+
+Picture Picture::OfText(const std::wstring& text, int points, BYTE charset, COLORREF color)
+{
+    const auto length = static_cast<int>(text.size());
+    const HFONT font = CreateFontA(-MulDiv(points, 96, 72), 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE,
+                                   charset, 0, 0, 0, 0, "Tahoma");
+    const HDC screen = GetDC(nullptr);
+    const HGDIOBJ old = SelectObject(screen, font);
+    SIZE size = {};
+    GetTextExtentPoint32W(screen, text.c_str(), length, &size);
+    SelectObject(screen, old);
     ReleaseDC(nullptr, screen);
+    Picture picture(size, [&](HDC dc) {
+        const HGDIOBJ before = SelectObject(dc, font);
+        SetBkMode(dc, TRANSPARENT);
+        SetTextColor(dc, color);
+        TextOutW(dc, 0, 0, text.c_str(), length);
+        SelectObject(dc, before);
+    });
+    DeleteObject(font);
+    return picture;
 }
 
 // Copies width_ by height_ pixels.
@@ -557,6 +532,33 @@ std::optional<POINT> WaitForColor(HWND window, COLORREF color, DWORD within)
         ClientToScreen(window, &*found);
     }
     return found;
+}
+
+std::vector<HWND> ChildrenOf(HWND parent)
+{
+    std::vector<HWND> children;
+    EnumChildWindows(parent, Add, reinterpret_cast<LPARAM>(&children));
+    return children;
+}
+
+std::vector<HWND> TopWindowsOf(DWORD process)
+{
+    std::vector<HWND> windows;
+    EnumWindows(Add, reinterpret_cast<LPARAM>(&windows));
+    std::erase_if(windows, [process](HWND window) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        return owner != process;
+    });
+    return windows;
+}
+
+HWND FocusOf(HWND window)
+{
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info) ? info.hwndFocus
+                                                                              : nullptr;
 }
 
 std::string TextOf(HWND window)

@@ -60,6 +60,7 @@ public:
     bool Answers(DWORD within = 5000) const;
     // The window with the keyboard: a button's caption, else the class; empty when none.
     std::string Focus() const;
+    bool WaitForFocus(const std::string& focus) const;
 
     // The message box that is shown; waits for it. Nothing: none came.
     std::optional<Box> WaitForBox(DWORD within = kDeadline) const;
@@ -69,6 +70,9 @@ public:
 
     // The dialog of that title when it is shown; waits for it. Null: it did not come.
     HWND WaitForDialog(const std::string& title) const;
+    // In the file picker of that title, when it is shown: enters name and, unless it is empty,
+    // confirms it, else cancels. The picker, which may still be shown, or null.
+    HWND PickFile(const std::string& title, const std::string& name) const;
 
     // Closes the main window as its close button does, and waits for the end. A dialog that is
     // shown is closed before.
@@ -85,9 +89,19 @@ private:
 };
 
 // The mouse and the keyboard. Points are pixels of the screen.
-void MoveMouse(POINT at);
-void PressMouse(POINT at, DWORD button = MOUSEEVENTF_LEFTDOWN);
-void ReleaseMouse(POINT at, DWORD button = MOUSEEVENTF_LEFTUP);
+void SendMouse(POINT at, DWORD flags, DWORD data = 0); // as mouse_event takes them
+inline void MoveMouse(POINT at)
+{
+    SendMouse(at, 0);
+}
+inline void PressMouse(POINT at, DWORD button = MOUSEEVENTF_LEFTDOWN)
+{
+    SendMouse(at, button);
+}
+inline void ReleaseMouse(POINT at, DWORD button = MOUSEEVENTF_LEFTUP)
+{
+    SendMouse(at, button);
+}
 void Click(POINT at);
 void TurnWheel(POINT at, int notches); // up is positive
 POINT CentreOf(HWND window);
@@ -102,8 +116,10 @@ class Picture
 public:
     // A window's client area as it stands on the screen.
     explicit Picture(HWND window);
-    // A text as a program draws it. In bold Tahoma on the colour of buttons; points at 96 dpi.
-    Picture(const std::wstring& text, int points, BYTE charset, COLORREF color);
+    // What draw draws, on the colour of buttons.
+    Picture(SIZE size, const std::function<void(HDC)>& draw);
+    // A text as a program draws it, in bold Tahoma; points at 96 dpi.
+    static Picture OfText(const std::wstring& text, int points, BYTE charset, COLORREF color);
     int Width() const { return width_; }
     int Height() const { return height_; }
     COLORREF At(int x, int y) const;
@@ -127,6 +143,12 @@ private:
 // Waits until a pixel of that colour shows in the window; its place on the screen.
 std::optional<POINT> WaitForColor(HWND window, COLORREF color, DWORD within = kDeadline);
 
+// All windows below parent.
+std::vector<HWND> ChildrenOf(HWND parent);
+// Of a process, the topmost first; shown or not.
+std::vector<HWND> TopWindowsOf(DWORD process);
+// The window with the keyboard among those of its thread.
+HWND FocusOf(HWND window);
 std::string TextOf(HWND window);
 std::string ClassOf(HWND window);
 RECT PlaceOf(HWND window);

@@ -114,10 +114,6 @@ protected:
         const auto record = WaitForRecord();
         return !record.empty() && record[0].find("Help\\" + page + '"') != std::string::npos;
     }
-    bool HasFocus(const std::string& expected)
-    {
-        return Until([&] { return Running().Focus() == expected; });
-    }
 };
 
 TEST_F(Help, AsksTheViewerForAKeyword)
@@ -168,25 +164,21 @@ TEST_F(Help, OpensPagesInTheBrowser)
     const FakeBrowser browser('"' + Path("recorder.exe") + "\" \"%1\"");
     Program& program = Open(WriteMenu("Start.nvm", {}));
     PressKey(VK_F1);
-    const auto box = program.WaitForBox();
-    ASSERT_TRUE(box) << program.OnScreen();
-    EXPECT_EQ(box->text, "The help cannot be shown:\n\n" + Path("Help\\index.html") +
-                             "\n\nThis page is missing. The folder \"Help\" belongs beside the "
-                             "program.");
-    EXPECT_EQ(box->icon, BoxIcon::exclamation);
-    ASSERT_TRUE(program.Answer(*box, "OK"));
+    ExpectBox("The help cannot be shown:\n\n" + Path("Help\\index.html") +
+                  "\n\nThis page is missing. The folder \"Help\" belongs beside the program.",
+              BoxIcon::exclamation);
 
     ASSERT_TRUE(CreateDirectoryA(Path("Help").c_str(), nullptr));
     Write("Help\\index.html", "");
     Write("Help\\editing.html", "");
-    EXPECT_TRUE(HasFocus("NavrixMenuView"));
+    EXPECT_TRUE(Running().WaitForFocus("NavrixMenuView"));
     EXPECT_TRUE(Opens("index.html"));
     PressKey('E', {VK_CONTROL});
-    EXPECT_TRUE(HasFocus("ListBox"));
+    EXPECT_TRUE(Running().WaitForFocus("ListBox"));
     EXPECT_TRUE(Opens("editing.html"));
     ASSERT_TRUE(ClickButton("Options"));
     const HWND options = program.WaitForDialog("Options");
-    EXPECT_TRUE(HasFocus("Button"));
+    EXPECT_TRUE(Running().WaitForFocus("Button"));
     EXPECT_TRUE(Opens("index.html"));
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(Until([&] { return IsWindow(options) == FALSE; }));
@@ -194,7 +186,7 @@ TEST_F(Help, OpensPagesInTheBrowser)
     const std::string other = WriteMenu("Locked.nvm", {{kLink, "One", Recorder("one")}});
     Start('"' + other + "\" /l");
     ASSERT_TRUE(WaitUntilLoaded(other));
-    EXPECT_TRUE(HasFocus("NavrixMenuView"));
+    EXPECT_TRUE(Running().WaitForFocus("NavrixMenuView"));
     PressKey(VK_F1);
     PressKey(VK_RETURN);
     const auto record = WaitForRecord(); // F1 would have been the first

@@ -1,4 +1,4 @@
-// The keyboard and the wheel: all that the mouse can do.
+// The keyboard: all that the mouse can do.
 #include "e2e/stage.h"
 
 namespace nv::e2e
@@ -18,7 +18,7 @@ protected:
                                Recorder(std::to_string(number)), static_cast<long>(Mark(number))});
         }
         Program& program = Open(WriteMenu("Start.nvm", entries));
-        EXPECT_TRUE(Until([&] { return program.Focus() == kView; })) << program.OnScreen();
+        EXPECT_TRUE(program.WaitForFocus(kView)) << program.OnScreen();
         return program;
     }
 
@@ -28,12 +28,6 @@ protected:
         PressKey(key);
         const auto record = WaitForRecord();
         return record.empty() ? -1 : std::stoi(record[0].substr(record[0].rfind(' ') + 1));
-    }
-
-    // Whether the focus is at that place soon.
-    static bool FocusIs(const Program& program, const std::string& expected)
-    {
-        return Until([&] { return program.Focus() == expected; }, 3000);
     }
 
     // Captions of the buttons that can be pressed, in the order of the Tab key.
@@ -69,6 +63,8 @@ TEST_F(Keyboard, MovesThroughTheLinks)
         {{VK_DOWN}, kLinks - 1}, // and the last one
         {{VK_UP}, kLinks - 2},
         {{VK_HOME}, 0},
+        {std::vector<WORD>(kLinks, VK_NEXT), kLinks - 1},
+        {std::vector<WORD>(kLinks, VK_PRIOR), 0},
     };
     int count = 0;
     for (const auto& each : cases) {
@@ -82,41 +78,6 @@ TEST_F(Keyboard, MovesThroughTheLinks)
     }
 }
 
-TEST_F(Keyboard, MovesByPages)
-{
-    Program& program = OpenLinks();
-    const auto inView = [&] {
-        const Picture view(program.View());
-        int count = 0;
-        for (int number = 0; number < kLinks; ++number) {
-            count += view.Find(Mark(number)) ? 1 : 0;
-        }
-        return count;
-    };
-    ASSERT_TRUE(WaitForColor(program.View(), Mark(0)));
-    const int page = inView();
-    ASSERT_GT(page, 3);
-    ASSERT_LT(page, kLinks / 2);
-    PressKey(VK_NEXT);
-    const int first = LinkPressedBy(VK_RETURN);
-    EXPECT_GE(first, page - 2);
-    EXPECT_LE(first, page + 1);
-    PressKey(VK_NEXT);
-    const int second = LinkPressedBy(VK_RETURN);
-    EXPECT_GE(second, first + page - 2);
-    EXPECT_LE(second, first + page + 1);
-    PressKey(VK_PRIOR);
-    EXPECT_EQ(LinkPressedBy(VK_RETURN), first);
-    for (int number = 0; number < kLinks; ++number) {
-        PressKey(VK_NEXT);
-    }
-    EXPECT_EQ(LinkPressedBy(VK_RETURN), kLinks - 1);
-    for (int number = 0; number < kLinks; ++number) {
-        PressKey(VK_PRIOR);
-    }
-    EXPECT_EQ(LinkPressedBy(VK_RETURN), 0);
-}
-
 TEST_F(Keyboard, TabGoesRoundThroughToolbarAndLinks)
 {
     Program& program = OpenLinks();
@@ -125,18 +86,19 @@ TEST_F(Keyboard, TabGoesRoundThroughToolbarAndLinks)
     // Back from the first link: through the toolbar upwards, and on to the last link.
     for (auto button = buttons.rbegin(); button != buttons.rend(); ++button) {
         PressKey(VK_TAB, {VK_SHIFT});
-        EXPECT_TRUE(FocusIs(program, *button)) << *button << " expected\n" << program.OnScreen();
+        EXPECT_TRUE(program.WaitForFocus(*button)) << *button << " expected\n"
+                                                   << program.OnScreen();
     }
     PressKey(VK_TAB, {VK_SHIFT});
-    EXPECT_TRUE(FocusIs(program, kView));
+    EXPECT_TRUE(program.WaitForFocus(kView));
     EXPECT_EQ(LinkPressedBy(VK_RETURN), kLinks - 1);
     // And forward again to the first one.
     for (const std::string& button : buttons) {
         PressKey(VK_TAB);
-        EXPECT_TRUE(FocusIs(program, button)) << button << " expected\n" << program.OnScreen();
+        EXPECT_TRUE(program.WaitForFocus(button)) << button << " expected\n" << program.OnScreen();
     }
     PressKey(VK_TAB);
-    EXPECT_TRUE(FocusIs(program, kView));
+    EXPECT_TRUE(program.WaitForFocus(kView));
     EXPECT_EQ(LinkPressedBy(VK_RETURN), 0);
 }
 
@@ -159,30 +121,6 @@ TEST_F(Keyboard, PressesTheButtonsOfTheToolbar)
     ASSERT_TRUE(tabTo("Back")) << program.OnScreen();
     PressKey(VK_SPACE);
     EXPECT_TRUE(WaitUntilLoaded(other)) << program.OnScreen();
-}
-
-TEST_F(Keyboard, TheWheelScrolls)
-{
-    Program& program = OpenLinks();
-    const HWND view = program.View();
-    ASSERT_TRUE(WaitForColor(view, Mark(0)));
-    EXPECT_FALSE(Picture(view).Find(Mark(kLinks - 1)));
-    const POINT middle = CentreOf(view);
-    TurnWheel(middle, -1);
-    const auto gone = [&](int mark) {
-        return Until([&] { return !Picture(view).Find(Mark(mark)); });
-    };
-    EXPECT_TRUE(gone(0)) << "the wheel does not scroll down";
-    TurnWheel(middle, 1);
-    EXPECT_TRUE(WaitForColor(view, Mark(0))) << "the wheel does not scroll up";
-    TurnWheel(middle, -100);
-    EXPECT_TRUE(WaitForColor(view, Mark(kLinks - 1))) << "the wheel does not reach the end";
-    EXPECT_TRUE(gone(0));
-    // A click goes to what stands there now.
-    ASSERT_TRUE(ClickOn(Mark(kLinks - 1)));
-    const auto record = WaitForRecord();
-    ASSERT_FALSE(record.empty());
-    EXPECT_EQ(record[0].substr(record[0].rfind(' ') + 1), std::to_string(kLinks - 1));
 }
 
 TEST_F(Keyboard, AltF4ClosesTheWindow)

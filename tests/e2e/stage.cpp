@@ -98,30 +98,6 @@ bool Stage::HasRecord() const
     return GetFileAttributesA(Path("record").c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-std::vector<std::string> Stage::WaitForRecord(DWORD within) const
-{
-    std::vector<std::string> lines;
-    const std::string path = Path("record");
-    const auto read = [&] {
-        // It has its name a moment before it can be opened.
-        std::FILE* file = std::fopen(path.c_str(), "rb");
-        if (file == nullptr) {
-            return false;
-        }
-        char line[4096];
-        while (std::fgets(line, sizeof line, file) != nullptr) {
-            lines.emplace_back(line);
-            lines.back().pop_back(); // the line end
-        }
-        std::fclose(file);
-        return true;
-    };
-    if (Until(read, within)) {
-        EXPECT_TRUE(Until([&] { return DeleteFileA(path.c_str()) != FALSE; }));
-    }
-    return lines;
-}
-
 void Stage::SetSetting(const std::string& section, const std::string& name,
                        const std::string& value)
 {
@@ -166,6 +142,19 @@ Program& Stage::TakeOver()
     program_.reset();
     program_ = std::make_unique<Program>();
     return *program_;
+}
+
+void Stage::ExpectBox(const std::string& text, BoxIcon icon,
+                      const std::vector<std::string>& buttons, std::string answer)
+{
+    const auto box = program_->WaitForBox();
+    ASSERT_TRUE(box) << "no message box\n" << program_->OnScreen();
+    EXPECT_EQ(box->text, text);
+    EXPECT_EQ(box->title, kPlainTitle);
+    EXPECT_EQ(box->icon, icon);
+    EXPECT_EQ(box->buttons, buttons);
+    EXPECT_EQ(box->defaultButton, buttons.front());
+    EXPECT_TRUE(program_->Answer(*box, answer.empty() ? buttons.front() : answer));
 }
 
 std::optional<DWORD> Stage::Close()

@@ -56,7 +56,7 @@ protected:
     std::string Recorder(const std::string& arguments = "") const;
     // The record of the recorder that was started since the last call: command line, folder, title,
     // show state. Empty when none came.
-    std::vector<std::string> WaitForRecord(DWORD within = kDeadline) const;
+    std::vector<std::string> WaitForRecord() const { return TakeRecord(Path("record")); }
     bool HasRecord() const;
 
     static void SetSetting(const std::string& section, const std::string& name,
@@ -71,6 +71,9 @@ protected:
     // Takes over the program that somebody else has just started.
     Program& TakeOver();
     Program& Running() { return *program_; }
+    // Waits for a message box, which must be so, and presses the button answer, or the only one.
+    void ExpectBox(const std::string& text, BoxIcon icon,
+                   const std::vector<std::string>& buttons = {"OK"}, std::string answer = "");
     // Ends the running program as the user does; its exit code.
     std::optional<DWORD> Close();
     // Clicks on what stands in the view in that colour.

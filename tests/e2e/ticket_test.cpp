@@ -22,7 +22,6 @@ enum Control {
     kToClipboard = 241,
     kToFile
 };
-constexpr char kPicker[] = "Please select file name for your Trouble Ticket file";
 
 std::string TicketOf(const std::string& servers, const std::string& workstations,
                      const std::string& problem)
@@ -64,19 +63,14 @@ protected:
     std::string Text(int control) const { return TextOf(Item(control)); }
     bool WaitForFocus(int control) const
     {
-        return Until([&] {
-            GUITHREADINFO info = {};
-            info.cbSize = sizeof info;
-            return GetGUIThreadInfo(GetWindowThreadProcessId(support_, nullptr), &info) &&
-                   info.hwndFocus == Item(control);
-        });
+        return Until([&] { return FocusOf(support_) == Item(control); });
     }
     bool WaitForText(int control, const std::string& text) const
     {
         return Until([&] { return Text(control) == text; });
     }
     // Waits for a box, whose text is to begin so, and answers it.
-    void ExpectBox(const std::string& start, BoxIcon icon = BoxIcon::exclamation)
+    void ExpectBoxBegins(const std::string& start, BoxIcon icon = BoxIcon::exclamation)
     {
         const auto box = Running().WaitForBox();
         ASSERT_TRUE(box) << Running().OnScreen();
@@ -96,13 +90,9 @@ protected:
     HWND SaveAs(const std::string& name)
     {
         Click(CentreOf(Item(kToFile)));
-        const HWND picker = Running().WaitForDialog(kPicker);
+        const HWND picker =
+            Running().PickFile("Please select file name for your Trouble Ticket file", name);
         EXPECT_NE(picker, nullptr) << Running().OnScreen();
-        EXPECT_TRUE(Until([&] {
-            SetDlgItemTextA(picker, 0x47c, name.c_str());
-            return TextOf(GetDlgItem(picker, 0x47c)) == name;
-        }));
-        PostMessageA(picker, WM_COMMAND, name.empty() ? IDCANCEL : IDOK, 0);
         return picker;
     }
     // Holds the clipboard, so that no other program can open it, until CloseClipboard.
@@ -138,10 +128,10 @@ TEST_F(Ticket, IsFilledInByKeyboardAndSentToTheClipboard)
 {
     SetDlgItemTextA(support_, kProblem, "Again: ");
     PressKey(VK_RETURN);
-    ExpectBox("Please enter your e-mail where do you want to recive our reply.");
+    ExpectBoxBegins("Please enter your e-mail where do you want to recive our reply.");
     EXPECT_TRUE(WaitForFocus(kEmail));
     Type("ann@office.example\r");
-    ExpectBox("You have to enter at least one server or workstation.");
+    ExpectBoxBegins("You have to enter at least one server or workstation.");
     EXPECT_TRUE(WaitForFocus(kCounts));
     Type("1x2-a");
     EXPECT_TRUE(WaitForText(kCounts, "12")) << Text(kCounts);
@@ -150,12 +140,12 @@ TEST_F(Ticket, IsFilledInByKeyboardAndSentToTheClipboard)
     PressKey(VK_TAB);
     EXPECT_TRUE(WaitForText(kCounts, "0"));
     Type("3\r");
-    ExpectBox("You have to enter at least one operating system.");
+    ExpectBoxBegins("You have to enter at least one operating system.");
     EXPECT_TRUE(WaitForFocus(kServers));
     for (const int key : {VK_SPACE, VK_RIGHT, VK_RIGHT, VK_RIGHT, VK_SPACE, VK_RETURN}) {
         PressKey(static_cast<WORD>(key));
     }
-    ExpectBox("Please describe your problem.");
+    ExpectBoxBegins("Please describe your problem.");
     EXPECT_TRUE(WaitForFocus(kProblem));
     Type("a line\rand another");
     const std::string problem = "Again: a line\r\nand another";
@@ -165,11 +155,11 @@ TEST_F(Ticket, IsFilledInByKeyboardAndSentToTheClipboard)
 
     HoldClipboard();
     PressKey(VK_RETURN);
-    ExpectBox("There was an error creating Trouble Ticket.");
+    ExpectBoxBegins("There was an error creating Trouble Ticket.");
     CloseClipboard();
     EXPECT_TRUE(WaitForFocus(kToClipboard));
     PressKey(VK_RETURN);
-    ExpectBox("Your Trouble Ticket has been sent to clipboard.", BoxIcon::information);
+    ExpectBoxBegins("Your Trouble Ticket has been sent to clipboard.", BoxIcon::information);
     EXPECT_EQ(Clipboard(), TicketOf("0, 3, 2000-XP", "0, 0, ", problem));
     EXPECT_TRUE(WaitForFocus(kClose));
     PressKey(VK_RETURN);
@@ -213,8 +203,8 @@ TEST_F(Ticket, IsSavedToAFile)
     EXPECT_TRUE(WaitForFocus(kToFile)); // and no box, which would have it
 
     SaveAs(Path("ticket"));
-    ExpectBox("Your Trouble Ticket has been copied to file: " + Path("ticket.txt") + ".",
-              BoxIcon::information);
+    ExpectBoxBegins("Your Trouble Ticket has been copied to file: " + Path("ticket.txt") + ".",
+                    BoxIcon::information);
     EXPECT_EQ(Contents(Path("ticket.txt")), ticket);
     EXPECT_TRUE(WaitForFocus(kClose));
 
@@ -224,7 +214,7 @@ TEST_F(Ticket, IsSavedToAFile)
     const auto overwrite = Running().WaitForBox();
     ASSERT_TRUE(overwrite) << Running().OnScreen();
     EXPECT_TRUE(Running().Answer(*overwrite, "Yes"));
-    ExpectBox("Cannot write your Trouble Ticket to file: " + Path("held.txt"), BoxIcon::stop);
+    ExpectBoxBegins("Cannot write your Trouble Ticket to file: " + Path("held.txt"), BoxIcon::stop);
     CloseHandle(held);
     EXPECT_EQ(Contents(Path("held.txt")), "old");
     EXPECT_TRUE(WaitForFocus(kToFile));

@@ -14,19 +14,20 @@ constexpr int kBoxText = 0xFFFF; // the ids that the system gives
 constexpr int kFileName = 0x47c;
 constexpr int kFaceName = 0x470;
 
-BOOL CALLBACK Add(HWND window, LPARAM list)
+std::vector<HWND> TopWindowsBeside(HWND main)
 {
-    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-    return TRUE;
+    DWORD process = 0;
+    GetWindowThreadProcessId(main, &process);
+    return TopWindowsOf(process);
 }
 
 std::vector<HWND> ModalsOver(HWND main)
 {
-    std::vector<HWND> modals = AllWindows(main);
+    std::vector<HWND> modals = TopWindowsBeside(main);
     std::erase_if(modals, [](HWND window) {
         const std::string className = ClassOf(window);
         return (className != "#32768" && className != "#32770") || !IsWindowVisible(window) ||
-               !IsWindowEnabled(window) || GetAncestor(window, GA_ROOT) != window;
+               !IsWindowEnabled(window);
     });
     return modals;
 }
@@ -45,22 +46,13 @@ void SetText(HWND window, const std::string& text)
     Tell(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-std::vector<HWND> AllWindows(HWND main)
+std::size_t CountWindows(HWND main)
 {
-    std::vector<HWND> top;
-    EnumWindows(Add, reinterpret_cast<LPARAM>(&top));
-    DWORD wanted = 0;
-    GetWindowThreadProcessId(main, &wanted);
-    std::vector<HWND> all;
-    for (const HWND window : top) {
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        if (process == wanted) {
-            all.push_back(window);
-            EnumChildWindows(window, Add, reinterpret_cast<LPARAM>(&all));
-        }
+    std::size_t count = 0;
+    for (const HWND window : TopWindowsBeside(main)) {
+        count += 1 + ChildrenOf(window).size();
     }
-    return all;
+    return count;
 }
 
 HWND ModalOver(HWND main)
@@ -105,8 +97,7 @@ void Dismiss(HWND modal)
 std::vector<HWND> EnabledChildren(HWND parent, const std::string& className,
                                   const std::string& text)
 {
-    std::vector<HWND> children;
-    EnumChildWindows(parent, Add, reinterpret_cast<LPARAM>(&children));
+    std::vector<HWND> children = ChildrenOf(parent);
     std::erase_if(children, [&](HWND child) {
         return !IsWindowVisible(child) || !IsWindowEnabled(child) ||
                (!className.empty() && ClassOf(child) != className) ||

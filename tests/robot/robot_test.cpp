@@ -1,8 +1,8 @@
 // A robot uses the program at random for as long as it is told to: see tools/robot. The program
 // must neither crash nor hang nor leak, and what it saves must be what its editor shows.
 #include "e2e/stage.h"
+#include "fakes/editor_model.h"
 #include "robot/desktop.h"
-#include "robot/editor_model.h"
 #include "robot/hand.h"
 #include "robot/menus.h"
 #include "robot/usage.h"
@@ -67,6 +67,15 @@ std::string WrittenAgain(const std::string& path)
         file += line + "\r\n";
     }
     return file;
+}
+
+std::string FileOf(const EditorModel& model)
+{
+    std::string content;
+    for (const std::string& line : model.now.lines) {
+        content += line + "\r\n";
+    }
+    return content;
 }
 
 } // namespace
@@ -261,7 +270,7 @@ protected:
                    Running().Focus() == "ListBox";
         };
         Await(selected, "a click does not select entry " + std::to_string(index), kDeadline);
-        model.Select(index);
+        model.Select(static_cast<int>(index));
     }
 
     void TypeIntoCommand(EditorModel& model, Random& random)
@@ -273,28 +282,28 @@ protected:
         PressKey(VK_END);
         Type(typed);
         Await([&] { return TextOf(box) == before + typed; }, "typing does not arrive", kDeadline);
-        model.TypeCommand(typed);
-        Demand(Save(Path(kModelName)) == model.File(), "typing is not saved as typed");
+        model.SetLink(model.fields.link + typed);
+        Demand(Save(Path(kModelName)) == FileOf(model), "typing is not saved as typed");
     }
 
     void Drag(EditorModel& model, Random& random)
     {
-        const int count = static_cast<int>(model.Count());
+        const int count = model.Count();
         const auto from = static_cast<std::size_t>(random.Below(count));
         const auto gap = static_cast<std::size_t>(random.Below(count));
         SelectRow(model, from);
         PressMouse(RowPoint(from));
         DemandAlive();
-        MoveMouse(RowPoint((from + 1) % model.Count()));
+        MoveMouse(RowPoint((from + 1) % model.now.lines.size()));
         MoveMouse(RowPoint(gap));
         ReleaseMouse(RowPoint(gap));
-        model.MoveTo(gap);
+        model.MoveTo(static_cast<int>(gap));
     }
 
     // What was done.
     std::string DoModelled(EditorModel& model, Random& random)
     {
-        const std::size_t count = model.Count();
+        const int count = model.Count();
         const int choice = random.Below(10);
         if (choice == 0) {
             ClickButton("Insert New");
@@ -313,11 +322,10 @@ protected:
             Drag(model, random);
             return "drag";
         }
-        const bool another = !model.Selected() || random.Chance(40);
+        const bool another = model.now.selected < 0 || random.Chance(40);
         // Without another one too: the list takes the keys.
-        SelectRow(model, another ? static_cast<std::size_t>(random.Below(static_cast<int>(count)))
-                                 : *model.Selected());
-        const std::size_t row = *model.Selected();
+        SelectRow(model,
+                  static_cast<std::size_t>(another ? random.Below(count) : model.now.selected));
         switch (choice) {
         case 4:
             TypeIntoCommand(model, random);
@@ -328,17 +336,15 @@ protected:
             return "delete";
         case 6:
             PressKey(VK_UP, {VK_CONTROL});
-            if (row > 0) {
-                model.MoveTo(row - 1);
-            }
+            model.MoveUp();
             return "move up";
         case 7:
             PressKey(VK_DOWN, {VK_CONTROL});
-            model.MoveTo(row + 2);
+            model.MoveDown();
             return "move down";
         default:
             PressKey(VK_DOWN);
-            model.Select(std::min(row + 1, count - 1));
+            model.Select(std::min(model.now.selected + 1, count - 1));
             return "down";
         }
     }
@@ -346,27 +352,24 @@ protected:
     void FollowModel()
     {
         Random random(seed_ + 2, rounds_);
-        std::vector<std::string> lines;
+        EditorModel model;
         for (int left = random.From(1, 9); left > 0; --left) {
-            lines.push_back(LineOf({kLink, "q" + std::to_string(left), "q.qq"}));
+            model.now.lines.push_back(LineOf({kLink, "q" + std::to_string(left), "q.qq"}));
         }
-        EditorModel model(lines);
-        OpenAndWait(Write(kModelName, model.File()));
+        OpenAndWait(Write(kModelName, FileOf(model)));
         SwitchTo(false);
         SwitchTo(true);
         if (const LRESULT first = Ask(LB_GETCURSEL); first >= 0) {
-            model.Select(static_cast<std::size_t>(first));
+            model.Select(static_cast<int>(first));
         }
         for (int count = 0; count < kModelledCommands; ++count) {
             const std::string done = DoModelled(model, random);
-            const auto selected =
-                static_cast<LRESULT>(model.Selected().value_or(std::size_t(LB_ERR)));
+            const int selected = model.now.selected; // -1, like LB_ERR: none
             hand_->Note("model: " + done + ", expects " + std::to_string(selected) + " of " +
                         std::to_string(model.Count()));
             DemandAlive();
             const auto agrees = [&] {
-                return Ask(LB_GETCOUNT) == static_cast<LRESULT>(model.Count()) &&
-                       Ask(LB_GETCURSEL) == selected;
+                return Ask(LB_GETCOUNT) == model.Count() && Ask(LB_GETCURSEL) == selected;
             };
             Demand(Until(agrees),
                    "another selection or count: " + std::to_string(Ask(LB_GETCURSEL)) + " of " +
@@ -374,7 +377,7 @@ protected:
             ++modelled_;
         }
         const std::string saved = Save(Path(kModelName));
-        Demand(saved == model.File(), "expected was\n" + model.File() + "saved is\n" + saved);
+        Demand(saved == FileOf(model), "expected was\n" + FileOf(model) + "saved is\n" + saved);
     }
 
     void Round()

@@ -101,7 +101,7 @@ Usage UsageOf(HWND main)
     if (usage.empty()) {
         throw std::runtime_error("the program does not count its handles");
     }
-    usage.emplace_back("windows", static_cast<long long>(AllWindows(main).size()));
+    usage.emplace_back("windows", static_cast<long long>(CountWindows(main)));
 
     DWORD id = 0;
     GetWindowThreadProcessId(main, &id);

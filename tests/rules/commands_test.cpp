@@ -56,7 +56,6 @@ TEST(Commands, HaveKeys)
     } cases[] = {
         {Key::backspace, none, view, Command::back},
         {Key::backspace, none, list, std::nullopt},
-        {Key::backspace, none, box, std::nullopt},
         {Key::backspace, control, view, std::nullopt},
         {Key::left, alt, box, Command::back},
         {Key::left, none, view, std::nullopt},
@@ -72,15 +71,12 @@ TEST(Commands, HaveKeys)
         {Key::down, none, list, std::nullopt},
         {Key::e, control, view, Command::edit},
         {Key::e, control, box, Command::normal},
-        {Key::e, none, box, std::nullopt},
         {Key::e, altGr, box, std::nullopt}, // writes a letter
         {Key::n, control, box, Command::newMenu},
         {Key::o, control, view, Command::openMenu},
         {Key::s, control, view, Command::saveMenu},
-        {Key::s, altGr, box, std::nullopt},
         {Key::z, control, box, Command::undo},
         {Key::y, control, list, Command::redo},
-        {Key::z, altGr, box, std::nullopt},
     };
     int number = 0;
     for (const auto& each : cases) {

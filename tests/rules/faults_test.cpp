@@ -1,5 +1,6 @@
 // Saves and opens of which each operation on files fails once, and in each the program dies once:
 // menus stay whole, the user is told the truth, and the program goes on.
+#include "docs/safe_save.h"
 #include "fakes/fake_desk.h"
 #include "fakes/faulty_files.h"
 
@@ -239,6 +240,93 @@ TEST(Faults, LeaveWholeMenusWhereverTheProgramDies)
             }
         }
     }
+}
+
+TEST(Saves, WriteAllAndLeaveNothingBeside)
+{
+    for (const Act& act : kActs) {
+        for (const std::string& line : {std::string("short"), std::string(3000, 'x')}) {
+            Desk desk;
+            Prepare(desk, act);
+            desk.document.Lines().Clear();
+            desk.document.Lines().Append(line);
+            EXPECT_TRUE(desk.document.SavePDM(kStart)) << act.name;
+            desk.files.CutPower();
+            EXPECT_EQ(desk.files.Contents(kStart), line + "\r\n") << act.name << ": not flushed";
+            EXPECT_EQ(desk.files.Count(), 2u) << act.name << ": something stands beside";
+        }
+    }
+}
+
+TEST(Saves, LeaveTheOldMenuWhenTheDiskIsFull)
+{
+    for (const Act& act : kActs) {
+        for (std::size_t room = 0; act.opens.empty() && room <= 2 * kEdited.size(); ++room) {
+            Desk desk;
+            Prepare(desk, act);
+            desk.files.room = room;
+            const std::string expected = act.Do(desk) ? kEdited : act.before;
+            EXPECT_EQ(desk.files.Contents(kStart), expected) << act.name << ", " << room;
+            EXPECT_TRUE(expected == kEdited || room < 2 * kEdited.size()) << act.name;
+            EXPECT_EQ(desk.files.Count(), expected == "(none)" ? 1u : 2u) << act.name;
+        }
+    }
+}
+
+TEST(Saves, KeepAWholeMenuWhenPuttingBackFailsToo)
+{
+    for (const Act& act : kActs) {
+        for (int operation = 1; act.opens.empty() && operation < 20; ++operation) {
+            for (const int failures : {2, 99}) { // for a moment, for good
+                Desk desk;
+                Prepare(desk, act);
+                desk.files.failAt = operation;
+                desk.files.failures = failures;
+                const bool done = act.Do(desk);
+                const std::string after = desk.files.Contents(kStart);
+                // Where no file can be made, nothing else can hold it.
+                EXPECT_TRUE(after == (done ? kEdited : act.before) || after == kEdited ||
+                            desk.files.Contents(kTemporary) == kEdited || act.refuseNew != 0)
+                    << act.name << ", " << operation << ": " << after;
+            }
+        }
+    }
+}
+
+TEST(Saves, RefuseWhatCannotBeWrittenBeforeTouchingIt)
+{
+    Faulty<FakeFiles> files;
+    const auto begin = [&files] { return SafeSave(files, kStart).Begin(); };
+    EXPECT_EQ(begin(), 0u); // a save that is given up leaves nothing
+    files.refuseNew = 3;    // a drive that is not there
+    EXPECT_EQ(begin(), 3u);
+    EXPECT_EQ(files.Count(), 0u);
+    files.refuseNew = 0;
+    files.Put(kStart, kOld);
+    files.Find(kStart)->readOnly = true;
+    EXPECT_EQ(begin(), kAccessDenied);
+    files.refuseOpen[kStart] = kSharingViolation;
+    files.Find(kStart)->readOnly = false;
+    EXPECT_EQ(begin(), kSharingViolation);
+    EXPECT_EQ(files.Contents(kStart), kOld);
+    EXPECT_EQ(files.Count(), 1u);
+}
+
+TEST(Saves, LeaveTemporariesOfOthersAlone)
+{
+    Desk desk;
+    desk.Edit();
+    desk.files.Put(kTemporary, "somebody's");
+    EXPECT_TRUE(desk.document.SavePDM(kStart));
+    EXPECT_EQ(desk.files.Contents(kStart), kEdited);
+    EXPECT_EQ(desk.files.Contents(kTemporary), "somebody's");
+    EXPECT_EQ(desk.files.Count(), 3u);
+    for (int number = 2; number <= 20; ++number) { // every name is taken
+        desk.files.Put(kStart + "." + std::to_string(number) + ".tmp", "somebody's");
+    }
+    desk.document.Lines().Append("written in place");
+    EXPECT_TRUE(desk.document.SavePDM(kStart));
+    EXPECT_EQ(desk.files.Contents(kStart), kEdited + "written in place\r\n");
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "docs/menu_line.h"
 #include "fakes/fake_desk.h"
 #include "fakes/faulty_files.h"
 
@@ -157,44 +156,6 @@ TEST(MenuDocument, NeitherSavesNorOpensWhileItLoads)
     EXPECT_EQ(desk.State(), std::string(kOther) + " 1");
     EXPECT_EQ(desk.files.Contents(kStart), "one\r\ntwo\r\nthree\r\n");
     EXPECT_EQ(desk.files.Contents(kOther), "other\r\n");
-}
-
-TEST(MenuDocument, IsWrittenInTheFilesForm)
-{
-    const std::string empty = EncodeLine(MenuItem{ItemType::vNotVisible, "", "", Desk().font, 0});
-    const std::pair<std::string, std::string> cases[] = {
-        {"a\r\nb", "a\x01"
-                   "b"},
-        {"a\nb\rc\r\n", "a\x01"
-                        "b\x01"
-                        "c\x01"},
-        {"\n\r\r\n\r", "\x01\x01\x01\x01"},
-        {"end\x1Aof file", "end\x01of file"},
-        {"tab\tand\x02others", "tab\tand\x02others"},
-        {"", empty},
-    };
-    Desk desk;
-    desk.Open();
-    std::string expected;
-    desk.document.Lines().Clear();
-    for (const auto& [line, form] : cases) {
-        desk.document.Lines().Append(line);
-        expected += form + "\r\n";
-    }
-    EXPECT_TRUE(desk.document.SavePDM(kOther));
-    EXPECT_EQ(desk.files.Contents(kOther), expected);
-    EXPECT_EQ(desk.document.FFile(), kOther);
-    EXPECT_EQ(desk.events.Take(), (Log{"title Other.nvm", std::string("file ") + kOther}));
-
-    // What was written reads back with line breaks, and is written the same again.
-    EXPECT_TRUE(desk.document.OpenPDM(kOther));
-    EXPECT_EQ(desk.document.Lines()[1], "a\r\nb\r\nc\r\n");
-    EXPECT_TRUE(desk.document.SavePDM(kOther));
-    EXPECT_EQ(desk.files.Contents(kOther), expected);
-
-    desk.document.Lines().Clear();
-    EXPECT_TRUE(desk.document.SavePDM(kOther));
-    EXPECT_EQ(desk.files.Contents(kOther), "");
 }
 
 TEST(MenuDocument, AsksBeforeChangesAreLost)

@@ -1,8 +1,6 @@
 #include "docs/menu_line.h"
-#include "platform/ansi_text.h"
 
 #include <gtest/gtest.h>
-#include <random>
 
 namespace nv
 {
@@ -80,94 +78,8 @@ TEST(MenuLine, KeepsStartValuesWhereAValueDoesNotConvert)
     for (const auto& [line, type] : types) {
         EXPECT_EQ(static_cast<int>(decoded(line).type), type) << line;
     }
-    const std::pair<const char*, double> sizes[] = {{"12", 12},   {" 9,5 ", 10}, {"0", 10.5},
-                                                    {"-8", 10.5}, {"", 10.5},    {"big", 10.5}};
-    for (const auto& [text, size] : sizes) {
-        EXPECT_EQ(decoded("1><FONTSIZE>" + std::string(text) + "</FONTSIZE>").font.size, size);
-    }
-    const std::pair<const char*, bool> flags[] = {{"True", true},   {"TRUE", true}, {"true", true},
-                                                  {"False", false}, {"Yes", false}, {"", false}};
-    for (const auto& [text, flag] : flags) {
-        EXPECT_EQ(decoded("<FONTITALIC>" + std::string(text) + "</FONTITALIC>").font.italic, flag);
-    }
-    const std::pair<const char*, int> charsets[] = {
-        {"238", 238}, {"-32768", -32768}, {"32768", 186}, {"65536", 186}, {"x", 186}};
-    for (const auto& [text, charset] : charsets) {
-        EXPECT_EQ(decoded("<FONTCHAR>" + std::string(text) + "</FONTCHAR>").font.charset, charset);
-    }
-    EXPECT_EQ(decoded("1><FONTCOLOR>red</FONTCOLOR>").fontColor, 0);
-    EXPECT_EQ(decoded("1><FONTNAME></FONTNAME>").font.name, "Default Face");
     // One bad value does not spoil those after it.
     EXPECT_EQ(decoded("?><FONTSIZE>?</FONTSIZE><FONTCOLOR>7</FONTCOLOR>").fontColor, 7);
-}
-
-TEST(MenuLine, FindsTheValueOfATag)
-{
-    const std::pair<const char*, const char*> cases[] = {
-        {"<LINK>a</LINK>", "a"},
-        {"<LINK>a</LINK><LINK>b</LINK>", "a"},
-        {"<LINK>a", "a"},
-        {"<LINK>", ""},
-        {"<LINK", ""},
-        {"<link>a</link>", ""},
-        {"<LINK>a</link></LINK>", "a</link>"},
-        {"</LINK><LINK>a</LINK>", "a"},
-        {"</LINK>x", ""},
-        {"<<LINK>a<</LINK>", "a<"},
-        {"<LINK><LINK>a</LINK></LINK>", "<LINK>a"},
-        {"<CAPTION>see <LINK>x</CAPTION> <LINK>y</LINK>", "x</CAPTION> <LINK>y"},
-        {"<LINK>a</LIN", "a</LIN"},
-    };
-    for (const auto& [line, value] : cases) {
-        EXPECT_EQ(GetTag(line, "LINK"), value) << line;
-        EXPECT_EQ(DecodeLine(line, kDefault).link, value) << line;
-    }
-}
-
-// The slow way to an entry: every tag searched for by itself.
-MenuItem DecodeTagByTag(std::string_view line)
-{
-    MenuItem item = DecodeLine(line.substr(0, 1), kDefault); // the type
-    item.caption = GetTag(line, "CAPTION");
-    item.link = GetTag(line, "LINK");
-    const std::string_view name = GetTag(line, "FONTNAME");
-    item.font.name = name.empty() ? kDefault.name : name;
-    const auto size = ParseInteger(GetTag(line, "FONTSIZE"));
-    item.font.size = size && *size >= 1 ? *size : kDefault.size;
-    item.font.bold = GetTag(line, "FONTBOLD") == "True";
-    item.font.italic = GetTag(line, "FONTITALIC") == "True";
-    item.font.strikethrough = GetTag(line, "FONTSTR") == "True";
-    item.font.underline = GetTag(line, "FONTUNDER") == "True";
-    item.fontColor = ParseInteger(GetTag(line, "FONTCOLOR")).value_or(0);
-    const auto charset = ParseInteger(GetTag(line, "FONTCHAR"));
-    item.font.charset = static_cast<std::int16_t>(charset.value_or(kDefault.charset));
-    return item;
-}
-
-TEST(MenuLine, IsDecodedInOnePassAsTagByTag)
-{
-    const char* names[] = {"CAPTION",    "LINK",    "FONTNAME",  "FONTSIZE",  "FONTBOLD",
-                           "FONTITALIC", "FONTSTR", "FONTUNDER", "FONTCOLOR", "FONTCHAR"};
-    const char* rests[] = {
-        "True", "7", "11", " ", "<", "</", "<FONT", "<caption>", "a longer value than eight bytes"};
-    std::mt19937 random(20240607); // the same lines in every run
-    const auto pick = [&random](auto& list) { return list[random() % std::size(list)]; };
-    const std::string canonical = kExample;
-    for (int round = 0; round < 4000; ++round) {
-        std::string line = "3>";
-        if (round % 4 == 0) { // a line as written, with a piece cut out
-            line = canonical;
-            line.erase(random() % line.size(), random() % 40);
-        }
-        for (std::size_t pieces = random() % 24; pieces > 0; --pieces) {
-            const std::string name = pick(names);
-            const char* const open[] = {"<", "</"};
-            const std::string piece =
-                random() % 3 == 0 ? std::string(pick(rests)) : pick(open) + name + ">";
-            line.insert(random() % 2 == 0 ? line.size() : random() % line.size(), piece);
-        }
-        ASSERT_EQ(DecodeLine(line, kDefault), DecodeTagByTag(line)) << line;
-    }
 }
 
 } // namespace

@@ -284,6 +284,9 @@ TEST_F(PaneTest, KeysMoveTheFocusAndKeepItInView)
     Press(PaneKey::pageDown); // ten more stand within 5000 twips
     EXPECT_EQ(pane.FocusedLink(), 12u);
     EXPECT_TRUE(FocusInView());
+    Press(PaneKey::pageDown);
+    Press(PaneKey::pageUp);
+    EXPECT_EQ(pane.FocusedLink(), 12u);
     Press(PaneKey::home);
     EXPECT_EQ(pane.Scroll().Value(), 0);           // the title above the first link is in view, too
     EXPECT_FALSE(pane.Key(PaneKey::previousLink)); // the focus goes on to what stands before

@@ -115,6 +115,8 @@ TEST(StartFile, IsChosenByANumberAsByText)
     FakeSettings settings;
     settings.values[{"Settings", "StartOpen"}] = 1;
     EXPECT_EQ(StartFileChoice(settings, "first", "home"), "home");
+    settings.values[{"Settings", "StartOpen"}] = 2; // and "Last" was never set
+    EXPECT_EQ(StartFileChoice(settings, "first", "home"), "C:\\Start.nvm");
 }
 
 } // namespace

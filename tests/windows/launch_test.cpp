@@ -74,21 +74,12 @@ protected:
     }
 
     // How a program was started last, as the recorder wrote it down: command line, folder, title,
-    // show mode, flags, and the fill attribute, by which the two start calls differ. Taken once.
-    std::vector<std::string> TakeRecord()
+    // show mode, flags, and the fill attribute, by which the two start calls differ.
+    std::vector<std::string> LastStart()
     {
-        std::vector<std::string> record(6);
-        // It cannot be opened in the very moment in which it gets its name.
-        std::ifstream file;
-        EXPECT_TRUE(Until([&] {
-            file.open(record_, std::ios::binary);
-            return file.is_open();
-        })) << "nothing was started";
-        for (std::string& field : record) {
-            std::getline(file, field);
-        }
-        file.close();
-        EXPECT_TRUE(Until([this] { return DeleteFileA(record_.c_str()) != 0; }));
+        std::vector<std::string> record = TakeRecord(record_);
+        EXPECT_EQ(record.size(), 6u) << "nothing was started";
+        record.resize(6);
         return record;
     }
 
@@ -98,7 +89,7 @@ protected:
     {
         SCOPED_TRACE(command);
         ASSERT_TRUE(Start(command));
-        const auto record = TakeRecord();
+        const auto record = LastStart();
         EXPECT_EQ(record[0], commandLine);
         EXPECT_EQ(record[1], folder);
         EXPECT_EQ(record[3] + " " + record[4], show + std::string(" 1"));
@@ -163,7 +154,7 @@ TEST_F(LinkLaunch, StartsProgramsAndDocuments)
         ExpectStart(c.command, c.commandLine, c.by, c.folder, c.show);
     }
     EXPECT_TRUE(Start(recorder_ + " x /NV-" + blanks_, "My title"));
-    EXPECT_EQ(TakeRecord()[2], "My title");
+    EXPECT_EQ(LastStart()[2], "My title");
 }
 
 TEST_F(LinkLaunch, TriesAgainOnTheProgramsDrive)
@@ -197,7 +188,7 @@ TEST_F(LinkLaunch, StartsNothing)
     }
     // What had been started would have left its record in place of this one's.
     EXPECT_TRUE(Start(recorder_ + " last"));
-    EXPECT_EQ(TakeRecord()[0], Quoted(recorder_) + "  last");
+    EXPECT_EQ(LastStart()[0], Quoted(recorder_) + "  last");
 }
 
 TEST_F(LinkLaunch, TheCompanionSaysWhatItCouldNotStart)
@@ -220,7 +211,7 @@ TEST_F(LinkLaunch, TheCompanionSaysWhatItCouldNotStart)
     }
     const e2e::Program companion(Quoted(companion_) + " " + Quoted(spacedRecorder_) + " a b");
     EXPECT_EQ(companion.ExitCode(), 0u); // what it started goes on for as long as this is kept
-    EXPECT_EQ(TakeRecord()[0], Quoted(spacedRecorder_) + "  a b");
+    EXPECT_EQ(LastStart()[0], Quoted(spacedRecorder_) + "  a b");
 }
 
 } // namespace

@@ -13,12 +13,11 @@ using FaultyDesk = FakeDesk<Faulty<WinFiles>>;
 constexpr unsigned kKilledExitCode = 99;
 const std::string kSavedMenu = std::string(3000, 'n') + "\r\n";
 
-// deed: "save"; "in-place" and "unreplaced", a save where no file can be made or replaced;
-// "create", which opens a menu that is not there.
+// deed: "save"; "unreplaced", a save where no file can be replaced; "create", which opens a menu
+// that is not there.
 inline bool Do(FaultyDesk& desk, const std::string& deed, const std::string& path)
 {
     desk.prompts.toQuestions = Answer::yes;
-    desk.files.refuseNew = deed == "in-place" ? kAccessDenied : 0;
     desk.files.refuseReplace = deed == "unreplaced" ? kAccessDenied : 0;
     if (deed == "create") {
         return desk.document.FOpen(path);

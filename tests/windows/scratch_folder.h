@@ -1,10 +1,13 @@
 #pragma once
 
+#include "e2e/driver.h"
+
 #include <windows.h>
 
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 namespace nv
 {
@@ -16,6 +19,25 @@ inline std::string FromTests(const std::string& path)
     GetModuleFileNameA(nullptr, own, sizeof own);
     const std::string whole = own;
     return whole.substr(0, whole.rfind('\\') + 1) + path;
+}
+
+// What a recorder has written at path, in lines, taken once; see recorder.cpp. Polls; empty when
+// none came within so many milliseconds.
+inline std::vector<std::string> TakeRecord(const std::string& path, DWORD within = 10000)
+{
+    std::vector<std::string> lines;
+    const auto read = [&] {
+        // It has its name a moment before it can be opened.
+        std::ifstream file(path, std::ios::binary);
+        for (std::string line; std::getline(file, line);) {
+            lines.push_back(line);
+        }
+        return !lines.empty();
+    };
+    if (e2e::Until(read, within)) {
+        EXPECT_TRUE(e2e::Until([&] { return DeleteFileA(path.c_str()) != FALSE; }));
+    }
+    return lines;
 }
 
 // The bytes of a file; of one that cannot be read, none.

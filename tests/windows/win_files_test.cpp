@@ -39,7 +39,11 @@ TEST(WinFiles, OpenAsTheModeSays)
     WinFiles files;
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
     const FileAttributes file = files.Attributes(path);
-    EXPECT_TRUE(file.exists && file.readOnly && !file.folder);
+    EXPECT_TRUE(file.exists && file.readOnly && !file.folder && !file.hidden);
+    for (const DWORD notSeen : {DWORD{FILE_ATTRIBUTE_HIDDEN}, DWORD{FILE_ATTRIBUTE_SYSTEM}}) {
+        SetFileAttributesA(path.c_str(), notSeen);
+        EXPECT_TRUE(files.Attributes(path).hidden) << notSeen;
+    }
     const FileAttributes self = files.Attributes(folder.Path());
     EXPECT_TRUE(self.exists && self.folder);
     EXPECT_FALSE(files.Attributes(folder / "c.nvm").exists);
