@@ -66,18 +66,6 @@ void Send(INPUT input)
     SendInput(1, &input, sizeof input);
 }
 
-void SendKey(WORD key, bool down)
-{
-    INPUT input = {};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, MAPVK_VK_TO_VSC));
-    const bool extended = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_DELETE;
-    input.ki.dwFlags =
-        (down ? 0U : DWORD{KEYEVENTF_KEYUP}) | (extended ? DWORD{KEYEVENTF_EXTENDEDKEY} : 0U);
-    Send(input);
-}
-
 } // namespace
 
 bool Until(const std::function<bool()>& condition, DWORD within)
@@ -376,6 +364,18 @@ POINT CentreOf(HWND window)
 {
     const RECT place = PlaceOf(window);
     return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+void SendKey(WORD key, bool down)
+{
+    INPUT input = {};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, MAPVK_VK_TO_VSC));
+    const bool extended = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_DELETE;
+    input.ki.dwFlags =
+        (down ? 0U : DWORD{KEYEVENTF_KEYUP}) | (extended ? DWORD{KEYEVENTF_EXTENDEDKEY} : 0U);
+    Send(input);
 }
 
 void PressKey(WORD key, std::initializer_list<WORD> held)

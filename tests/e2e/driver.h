@@ -107,6 +107,8 @@ void TurnWheel(POINT at, int notches); // up is positive
 POINT CentreOf(HWND window);
 // Presses key and lets it go, while the others are held.
 void PressKey(WORD key, std::initializer_list<WORD> held = {});
+// One half of that.
+void SendKey(WORD key, bool down);
 
 // Presses the keys that write text: letters, digits and blanks; "\r" is Enter.
 void Type(const std::string& text);
