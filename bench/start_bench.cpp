@@ -177,6 +177,7 @@ int main(int count, char** arguments)
     const std::string nvmenu = std::string("\"") + arguments[1] + "\" " + menu;
     Program programs[] = {{"notepad", "notepad.exe", "Notepad", NotepadPart, {}, {}, {}},
                           {"NVMenu", nvmenu, "NavrixForm1", MenuPart, {}, {}, {}}};
+    SetCursorPos(0, 0); // an entry below it would change its look when the system tells of it
     for (Program& program : programs) {
         { // writes where its window stood, so that all later ones stand there
             Run run(program);
