@@ -61,6 +61,8 @@ bool EditPanel::Create(HWND parent)
     SendMessageA(captionBox_, EM_SETLIMITTEXT, kLongestCaption, 0);
     SendMessageA(commandBox_, EM_SETLIMITTEXT, kLongestCommand, 0);
     DragAcceptFiles(Handle(), TRUE);
+    created_ = true;
+    ItemsReplaced();
     FillFields();
     return true;
 }
@@ -252,33 +254,46 @@ void EditPanel::InsertIntoBox(HWND box, const std::string& text)
 
 void EditPanel::ItemsReplaced()
 {
-    list_.SetCount(editor_.Count());
+    ShowCount();
     SelectionChanged();
 }
 
 void EditPanel::ItemInserted(std::size_t)
 {
-    list_.SetCount(editor_.Count());
+    ShowCount();
 }
 
 void EditPanel::ItemRemoved(std::size_t)
 {
-    list_.SetCount(editor_.Count());
+    ShowCount();
+}
+
+void EditPanel::ShowCount()
+{
+    if (created_) {
+        list_.SetCount(editor_.Count());
+    }
 }
 
 void EditPanel::ItemsChanged(std::size_t first, std::size_t last)
 {
-    list_.Redraw(first, last);
+    if (created_) {
+        list_.Redraw(first, last);
+    }
 }
 
 void EditPanel::SelectionChanged()
 {
-    list_.Select(editor_.Selected());
+    if (created_) {
+        list_.Select(editor_.Selected());
+    }
 }
 
 void EditPanel::FieldsChanged()
 {
-    FillFields();
+    if (created_) {
+        FillFields();
+    }
 }
 
 void EditPanel::LinesChanged()

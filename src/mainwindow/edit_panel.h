@@ -25,7 +25,8 @@ public:
     EditPanel(GdiText& text, Pictures& pictures, MenuDocument& document, ComDial& comDial,
               std::function<void(Command)> run);
 
-    // Creates the panel, hidden.
+    // Creates the panel, hidden, for what the editor holds by then: until it is first shown the
+    // panel need not be there.
     bool Create(HWND parent);
     // Takes over the fonts that its controls were given.
     void FitFonts();
@@ -71,6 +72,7 @@ private:
     LRESULT OnCommand(int control, int notification);
     LRESULT OnCaptionColor(HDC dc);
     LRESULT OnDropFiles(HDROP drop);
+    void ShowCount();
     void FillFields();
     void ShowTitle(const std::string& title);
     bool FillBox(HWND box, const std::string& text, std::size_t longest);
@@ -104,6 +106,7 @@ private:
     FontHandle captionFont_;
     TwipRect titleArea_;
     FieldUse shownUse_;
+    bool created_ = false; // and has its controls
     bool filling_ = false; // the boxes are being filled: what they report is not the user's
 };
 

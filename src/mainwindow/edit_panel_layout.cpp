@@ -78,7 +78,7 @@ void EditPanel::MoveTo(HWND window, const TwipRect& area) const
 
 void EditPanel::OnSize()
 {
-    if (commandBox_ == nullptr) {
+    if (!created_) {
         return; // the platform sizes a window while it makes it, before there are controls
     }
     RECT pixels = {};

@@ -150,15 +150,28 @@ bool Form1::CreateWindows()
         return false;
     }
     prompts_.SetOwner(Handle());
-    if (!header_.Create(Handle()) || !strip_.Create(Handle()) || !view_.Create(Handle()) ||
-        !panel_.Create(Handle())) {
+    if (!header_.Create(Handle()) || !strip_.Create(Handle()) || !view_.Create(Handle())) {
         return false;
     }
     SetWindowContextHelpId(Handle(), kHelpOnMenus);
     SetWindowContextHelpId(view_.Handle(), kHelpOnMenus);
-    SetWindowContextHelpId(panel_.Handle(), kHelpOnEditing);
     formFonts_.SetFormFonts(Handle());
+    return true;
+}
+
+// The editor has more windows than all else together: the start does not wait for them.
+bool Form1::CreatePanel()
+{
+    if (panel_.Handle() != nullptr) {
+        return true;
+    }
+    if (!panel_.Create(Handle())) {
+        return false;
+    }
+    SetWindowContextHelpId(panel_.Handle(), kHelpOnEditing);
+    formFonts_.SetFormFonts(panel_.Handle());
     panel_.FitFonts();
+    OnSize();
     return true;
 }
 
@@ -457,6 +470,9 @@ void Form1::Rebuild()
 
 void Form1::TMode(Mode mode)
 {
+    if (mode == Mode::edit && !CreatePanel()) {
+        return; // there are no windows to be had
+    }
     const Mode left = std::exchange(mode_, mode);
     if (left == Mode::edit && mode != Mode::edit) {
         panel_.Editor().Leave();

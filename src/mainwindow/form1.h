@@ -70,6 +70,7 @@ private:
 
     bool CheckLauncher();
     bool CreateWindows();
+    bool CreatePanel();
     void Place();
     void OpenFirstMenu(const std::string& filePart);
 
