@@ -22,7 +22,7 @@ using namespace e2e;
 namespace
 {
 
-constexpr DWORD kLoad = 60000;        // milliseconds that the longest load may take here
+constexpr DWORD kLoad = 180000;       // milliseconds that the longest load may take here
 constexpr DWORD kBetweenTries = 3000; // until a key or click is taken for lost
 constexpr int kActionsInARound = 40;
 constexpr int kModelledCommands = 25;
