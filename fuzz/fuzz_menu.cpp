@@ -98,9 +98,9 @@ void CheckReading(const std::string& contents)
 {
     CHECK(Read(contents, 1 + contents.size() % 5) == LinesOf(contents));
     if (contents.size() % 16 == 0) {
-        constexpr std::size_t kFirst = std::size_t{16} * 1024;
-        constexpr std::size_t kSecond = kFirst + std::size_t{256} * 1024;
-        const std::size_t end = contents.size() % 64 == 0 ? kSecond : kFirst;
+        constexpr std::size_t kFirstEnd = std::size_t{16} * 1024;
+        constexpr std::size_t kSecondEnd = kFirstEnd + std::size_t{256} * 1024;
+        const std::size_t end = contents.size() % 64 == 0 ? kSecondEnd : kFirstEnd;
         const std::string padding(end - contents.size() / 2, 'x');
         Texts padded = LinesOf('x' + contents);
         padded.front().insert(0, padding, 1);
