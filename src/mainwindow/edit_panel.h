@@ -28,6 +28,8 @@ public:
     // Creates the panel, hidden, for what the editor holds by then: until it is first shown the
     // panel need not be there.
     bool Create(HWND parent);
+    // False for a panel that got only a part of its controls: it cannot be shown.
+    bool IsCreated() const { return created_; }
     // Takes over the fonts that its controls were given.
     void FitFonts();
     MenuEditor& Editor() { return editor_; }

@@ -163,7 +163,7 @@ bool Form1::CreateWindows()
 bool Form1::CreatePanel()
 {
     if (panel_.Handle() != nullptr) {
-        return true;
+        return panel_.IsCreated();
     }
     if (!panel_.Create(Handle())) {
         return false;
