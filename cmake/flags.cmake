@@ -13,7 +13,8 @@ endif()
 target_compile_definitions(project_flags INTERFACE
   $<$<OR:$<CONFIG:Debug>,$<BOOL:${NAVRIX_SANITIZE}>>:_GLIBCXX_ASSERTIONS>)
 if(WIN32)
-  # -fstack-protector-strong at the link too: gcc then adds -lssp (mingw-w64 10 has no ssp of its own).
+  # -fstack-protector-strong at the link too: gcc then adds -lssp (mingw-w64 10 has no ssp of its own)
+  # for what does without win32/stack_guard.cpp.
   target_link_options(project_flags INTERFACE -static -fstack-protector-strong
     -Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s -Wl,--gc-sections>)
   # Small before all: -O3 makes the program larger and no faster.
