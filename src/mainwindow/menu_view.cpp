@@ -62,13 +62,10 @@ MenuView::MenuView(GdiText& text, Pictures& pictures, LinkPictures& links, const
 bool MenuView::Create(HWND parent)
 {
     // A thin sunken border; the bar shows itself when the column is high enough.
-    if (!Window::Create({"NavrixMenuView", WS_CHILD | WS_TABSTOP, WS_EX_STATICEDGE}, parent)) {
-        return false;
-    }
-    CreateTip();
-    return true;
+    return Window::Create({"NavrixMenuView", WS_CHILD | WS_TABSTOP, WS_EX_STATICEDGE}, parent);
 }
 
+// When it is first needed: the start does not wait for it.
 void MenuView::CreateTip()
 {
     tip_ = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
@@ -403,10 +400,16 @@ void MenuView::PicturesWanted()
 
 void MenuView::HoverChanged()
 {
+    const auto area = pane_.HoveredArea();
+    if (tip_ == nullptr) {
+        if (!area) {
+            return;
+        }
+        CreateTip();
+    }
     TTTOOLINFOA tool = {};
     tool.cbSize = sizeof tool;
     tool.hwnd = Handle();
-    const auto area = pane_.HoveredArea();
     tool.rect = area ? ToPixels(*area, text_.Scale()) : RECT{};
     SendMessageA(tip_, TTM_POP, 0, 0);
     SendMessageA(tip_, TTM_NEWTOOLRECTA, 0, reinterpret_cast<LPARAM>(&tool));
