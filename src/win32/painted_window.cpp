@@ -60,6 +60,9 @@ std::optional<LRESULT> PaintedWindow::Route(UINT message, WPARAM wParam, LPARAM 
         }
         return 0;
     }
+    case WM_NCPAINT:
+        // Wine would get ready to paint first, and then see that there is nothing.
+        return HasFrame() ? std::nullopt : std::optional<LRESULT>(0);
     case WM_ERASEBKGND:
         return 1;
     case WM_GETFONT:
@@ -75,6 +78,16 @@ std::optional<LRESULT> PaintedWindow::Route(UINT message, WPARAM wParam, LPARAM 
     default:
         return RouteInput(message, wParam, lParam);
     }
+}
+
+// Whether the window has a border or a scroll bar.
+bool PaintedWindow::HasFrame() const
+{
+    RECT outer = {};
+    RECT inner = {};
+    GetWindowRect(Handle(), &outer);
+    GetClientRect(Handle(), &inner);
+    return outer.right - outer.left != inner.right || outer.bottom - outer.top != inner.bottom;
 }
 
 std::optional<LRESULT> PaintedWindow::OnGetObject(WPARAM wParam, LPARAM lParam)

@@ -32,6 +32,7 @@ protected:
     Pictures& pictures_;
 
 private:
+    bool HasFrame() const;
     LRESULT OnGetFont();
     void OnSetFont(HFONT font, bool redraw);
     std::optional<LRESULT> OnGetObject(WPARAM wParam, LPARAM lParam);
