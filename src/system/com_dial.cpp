@@ -2,6 +2,8 @@
 
 #include "win32/gdi_canvas.h"
 #include "win32/gdi_text.h"
+#include "win32/load_function.h"
+#include "win32/process.h"
 #include "win32/screen.h"
 
 namespace nv
@@ -64,7 +66,7 @@ std::string ComDial::OpenFileDialog(const std::string& title, const std::string&
 {
     OPENFILENAMEA record = {};
     record.Flags = OFN_HIDEREADONLY | (mustExist ? OFN_FILEMUSTEXIST : 0u);
-    return PickFile(GetOpenFileNameA, record, title, filter, filterIndex, owner);
+    return PickFile("GetOpenFileNameA", record, title, filter, filterIndex, owner);
 }
 
 std::string ComDial::SaveFileDialog(const std::string& title, const std::string& filter,
@@ -74,12 +76,13 @@ std::string ComDial::SaveFileDialog(const std::string& title, const std::string&
     OPENFILENAMEA record = {};
     record.Flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT;
     record.lpstrDefExt = defaultExtension.c_str();
-    return PickFile(GetSaveFileNameA, record, title, filter, filterIndex, owner);
+    return PickFile("GetSaveFileNameA", record, title, filter, filterIndex, owner);
 }
 
-std::string ComDial::PickFile(Picker picker, OPENFILENAMEA record, const std::string& title,
+std::string ComDial::PickFile(const char* picker, OPENFILENAMEA record, const std::string& title,
                               const std::string& filter, int filterIndex, HWND owner)
 {
+    StartCom();
     // In UTF-8 a unit of 16 bits has up to three bytes; what was cut is longer than the longest
     // path.
     const DWORD size = ProcessCodePage().IsUtf8() ? kPathBuffer * 3 + 4 : kPathBuffer;
@@ -98,7 +101,8 @@ std::string ComDial::PickFile(Picker picker, OPENFILENAMEA record, const std::st
     record.nMaxFileTitle = size;
     record.lpstrInitialDir = lastFolder_.c_str();
     record.lpstrTitle = title.c_str();
-    const bool picked = picker(&record) != 0;
+    BOOL(WINAPI * pick)(LPOPENFILENAMEA) = nullptr;
+    const bool picked = LoadFunction("comdlg32.dll", picker, pick) && pick(&record) != 0;
     DropRelease();
     lastFolder_ = CurrentFolder();
     RestoreProgramFolder();
@@ -118,7 +122,8 @@ Color ComDial::FontDialog(HDC deviceContext, HWND owner, Font& font, Color color
     choice.lpLogFont = &record;
     choice.Flags = CF_SCREENFONTS | CF_PRINTERFONTS | CF_INITTOLOGFONTSTRUCT | CF_EFFECTS;
     choice.rgbColors = rgb;
-    const bool chosen = ChooseFontA(&choice) != 0;
+    decltype(&ChooseFontA) choose = nullptr;
+    const bool chosen = LoadFunction("comdlg32.dll", "ChooseFontA", choose) && choose(&choice) != 0;
     DropRelease();
     if (!chosen) {
         return kCancelled; // the record may have changed all the same, the font has not

@@ -53,10 +53,8 @@ public:
     const std::string& LastFolder() const { return lastFolder_; }
 
 private:
-    using Picker = BOOL(WINAPI*)(LPOPENFILENAMEA);
-
-    // record: how this pick differs from others.
-    std::string PickFile(Picker picker, OPENFILENAMEA record, const std::string& title,
+    // picker: the system's function; record: how this pick differs from others.
+    std::string PickFile(const char* picker, OPENFILENAMEA record, const std::string& title,
                          const std::string& filter, int filterIndex, HWND owner);
 
     std::string programFolder_;

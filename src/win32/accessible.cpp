@@ -1,5 +1,8 @@
 #include "win32/accessible.h"
 
+#include "win32/load_function.h"
+#include "win32/process.h"
+
 #include <windows.h>
 
 #include <limits>
@@ -14,7 +17,7 @@ namespace nv
 namespace
 {
 
-// From libraries that are loaded when somebody asks: hardly ever.
+// Hardly ever does anybody ask.
 struct OleFunctions {
     decltype(&LresultFromObject) lresultFromObject = nullptr;
     decltype(&AccessibleObjectFromWindow) objectFromWindow = nullptr;
@@ -23,23 +26,9 @@ struct OleFunctions {
     bool Load();
 };
 
-template <class Function>
-bool LoadFunction(const char* library, const char* name, Function& function)
-{
-    char system[MAX_PATH] = "";
-    GetSystemDirectoryA(system, sizeof system);
-    const std::string path = std::string(system) + '\\' + library;
-    // Never freed: clients may hold what the library made.
-    const HMODULE module = LoadLibraryExA(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-    if (module != nullptr) {
-        function =
-            reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
-    }
-    return function != nullptr;
-}
-
 bool OleFunctions::Load()
 {
+    StartCom();
     return LoadFunction("oleacc.dll", "LresultFromObject", lresultFromObject) &&
            LoadFunction("oleacc.dll", "AccessibleObjectFromWindow", objectFromWindow) &&
            LoadFunction("oleaut32.dll", "SysAllocStringLen", allocString);

@@ -1,6 +1,7 @@
 #include "win32/pictures.h"
 
 #include "resource.h"
+#include "win32/process.h"
 
 #include <windows.h>
 
@@ -23,6 +24,7 @@ std::optional<std::int32_t> Pictures::SmallIcon(const std::string& path)
     if (path.empty() || path.size() > kLongestPath) {
         return std::nullopt;
     }
+    StartCom();
     constexpr UINT kFlags = SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_SHELLICONSIZE |
                             SHGFI_DISPLAYNAME | SHGFI_TYPENAME;
     SHFILEINFOA info = {};

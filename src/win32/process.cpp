@@ -1,6 +1,7 @@
 #include "win32/process.h"
 
 #include "docs/paths.h"
+#include "win32/load_function.h"
 #include "win32/screen.h"
 
 #include <windows.h>
@@ -10,18 +11,39 @@
 namespace nv
 {
 
+namespace
+{
+
+enum class Com { untried, refused, started };
+Com com = Com::untried;
+
+} // namespace
+
 ProcessSetup::ProcessSetup()
 {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     SetDllDirectoryA("");
-    comStarted_ =
-        SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE));
 }
 
 ProcessSetup::~ProcessSetup()
 {
-    if (comStarted_) {
-        CoUninitialize();
+    decltype(&CoUninitialize) coUninitialize = nullptr;
+    if (com == Com::started && LoadFunction("ole32.dll", "CoUninitialize", coUninitialize)) {
+        com = Com::untried;
+        coUninitialize();
+    }
+}
+
+void StartCom()
+{
+    if (com != Com::untried) {
+        return;
+    }
+    com = Com::refused;
+    decltype(&CoInitializeEx) coInitializeEx = nullptr;
+    if (LoadFunction("ole32.dll", "CoInitializeEx", coInitializeEx) &&
+        SUCCEEDED(coInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {
+        com = Com::started;
     }
 }
 

@@ -5,8 +5,8 @@
 namespace nv
 {
 
-// What every program of ours does first: COM for shell calls, no system boxes about empty drives,
-// no DLLs from the folder that a document lies in. Undone at the end of its life.
+// What every program of ours does first: no system boxes about empty drives, no DLLs from the folder
+// that a document lies in. At the end of its life it ends COM, too.
 class ProcessSetup
 {
 public:
@@ -14,10 +14,11 @@ public:
     ~ProcessSetup();
     ProcessSetup(const ProcessSetup&) = delete;
     ProcessSetup& operator=(const ProcessSetup&) = delete;
-
-private:
-    bool comStarted_ = false;
 };
+
+// Makes the program's thread fit for those calls of the shell and of its pickers that need COM: to be
+// called before them. The first call does it, any other nothing. Lets no events through.
+void StartCom();
 
 // The folder that the program's file stands in, without closing backslash unless it is a drive
 // root.

@@ -1,5 +1,7 @@
 #include "win32/win_shell.h"
 
+#include "win32/process.h"
+
 #include <windows.h>
 
 #include <shellapi.h>
@@ -44,11 +46,13 @@ private:
 std::int32_t WinShell::FindProgram(const std::string& file, const std::string& directory,
                                    std::span<char> answer)
 {
+    StartCom();
     return ResultOf(FindExecutableA(file.c_str(), TextOrNone(directory), answer.data()));
 }
 
 std::int32_t WinShell::StartByShell(const ShellStartRequest& request)
 {
+    StartCom();
     const InheritedDefaults defaults;
     return ResultOf(ShellExecuteA(reinterpret_cast<HWND>(request.owner), TextOrNone(request.verb),
                                   request.file.c_str(), TextOrNone(request.parameters),
