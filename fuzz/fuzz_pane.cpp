@@ -3,11 +3,8 @@
 // whose "|" on it is the command.
 #include "controls/text_layout.h"
 #include "docs/menu_line.h"
-#include "fakes/fake_measure.h"
-#include "fakes/fake_pump.h"
-#include "fakes/fake_shell.h"
+#include "fakes/fake_pane.h"
 #include "fuzz_input.h"
-#include "mainwindow/menu_pane.h"
 
 #include <algorithm>
 #include <string>
@@ -16,41 +13,6 @@ namespace nv
 {
 namespace
 {
-
-class NoIcons final : public IconLookup
-{
-public:
-    std::optional<std::int32_t> SmallIcon(const std::string&) override { return std::nullopt; }
-};
-
-// A pane over a menu of its own.
-struct Stage : private PaneHost {
-    explicit Stage(TwipSize size) { pane.SetViewSize(size); }
-
-    void Redraw(const TwipRect&) override {}
-    void ColumnChanged() override {}
-    void TakeFocus() override {}
-    void SetTicking(bool) override {}
-    void PicturesWanted() override {}
-    void ColumnReplaced() override {}
-    void FocusMoved() override {}
-    void HoverChanged() override {}
-    void EntryClicked(std::uint32_t entry) override
-    {
-        CHECK(entry < lines.size());
-        CHECK(DecodeLine(lines[entry], defaultFont).type == ItemType::vLink);
-    }
-
-    FakeMeasure measure;
-    FakeShell shell;
-    NoIcons icons;
-    ShellExe shellExe{shell, "C:\\Menus"};
-    LinkPictures pictures{shellExe, icons};
-    MenuLines lines;
-    Font defaultFont;
-    FakePump pump;
-    MenuPane pane{*this, measure, pictures, CodePage(), lines, defaultFont};
-};
 
 void AddEntry(MenuLines& lines, std::string_view entry)
 {
@@ -82,7 +44,7 @@ void CheckColumn(const MenuColumn& column)
     CHECK(column.Height() >= bottom && column.Links() == links);
 }
 
-void CheckPlaces(Stage& stage)
+void CheckPlaces(FakePane& stage)
 {
     MenuPane& pane = stage.pane;
     const Scrolling& scroll = pane.Scroll();
@@ -104,7 +66,7 @@ void CheckPlaces(Stage& stage)
     }
 }
 
-void Act(Stage& stage, char letter)
+void Act(FakePane& stage, char letter)
 {
     MenuPane& pane = stage.pane;
     const TwipPoint point{600, static_cast<Twips>(letter * 37 % 5000)};
@@ -143,9 +105,9 @@ void Act(Stage& stage, char letter)
 }
 
 // After changes of the width all stands as if it had been loaded at the last one.
-void CheckLikeNew(const Stage& stage)
+void CheckLikeNew(const FakePane& stage)
 {
-    Stage fresh(stage.pane.ViewSize());
+    FakePane fresh(stage.pane.ViewSize());
     for (std::size_t index = 0; index < stage.lines.size(); ++index) {
         fresh.lines.Append(stage.lines[index]);
     }
@@ -187,7 +149,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     using namespace nv;
     const auto fields = Fields(InputText(data, size));
-    Stage stage({8000, 5000});
+    FakePane stage({8000, 5000});
     for (std::size_t field = 1; field < fields.size(); ++field) {
         AddEntry(stage.lines, fields[field]);
         CheckWrap(fields[field]);
@@ -198,6 +160,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Act(stage, letter);
         CheckColumn(stage.pane.Column());
         CheckPlaces(stage);
+    }
+    for (const std::uint32_t entry : stage.clicked) {
+        CHECK(entry < stage.lines.size());
+        CHECK(DecodeLine(stage.lines[entry], stage.defaultFont).type == ItemType::vLink);
     }
     CheckLikeNew(stage);
     return 0;

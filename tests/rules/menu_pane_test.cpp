@@ -1,8 +1,5 @@
 #include "docs/menu_line.h"
-#include "fakes/fake_measure.h"
-#include "fakes/fake_pump.h"
-#include "fakes/fake_shell.h"
-#include "mainwindow/menu_pane.h"
+#include "fakes/fake_pane.h"
 #include "platform/system_colors.h"
 
 #include <functional>
@@ -53,22 +50,8 @@ TEST(Scrolling, FollowsTheHeights)
     }
 }
 
-class TestIcons final : public IconLookup
-{
-public:
-    std::optional<std::int32_t> SmallIcon(const std::string& path) override
-    {
-        ++asked[path];
-        const auto icon = icons.find(path);
-        return icon == icons.end() ? std::nullopt : std::optional(icon->second);
-    }
-    std::map<std::string, std::int32_t> icons;
-    std::map<std::string, int> asked;
-};
-
-// A pane over a menu of its own, with everything it needs.
-struct PaneTest : public testing::Test, private PaneHost {
-    PaneTest() { pane.SetViewSize({8000, 5000}); }
+struct PaneTest : public testing::Test, public FakePane {
+    PaneTest() : FakePane({8000, 5000}) {}
 
     void Add(ItemType type, const std::string& caption, const std::string& link = "",
              double size = 8)
@@ -104,32 +87,6 @@ struct PaneTest : public testing::Test, private PaneHost {
         const TwipRect area = pane.AreaOf(pane.Column().Links()[*pane.FocusedLink()]);
         return area.top >= 0 && area.top + area.height <= pane.ViewSize().height;
     }
-
-    void Redraw(const TwipRect&) override {}
-    void ColumnChanged() override {}
-    void TakeFocus() override { ++focusTaken; }
-    void SetTicking(bool on) override { ticking = on; }
-    void PicturesWanted() override { picturesWanted = true; }
-    void ColumnReplaced() override { ++columns; }
-    void FocusMoved() override { ++focusMoves; }
-    void HoverChanged() override {}
-    void EntryClicked(std::uint32_t entry) override { clicked.push_back(entry); }
-
-    FakeMeasure measure;
-    FakeShell shell;
-    TestIcons icons;
-    ShellExe shellExe{shell, "C:\\Menus"};
-    LinkPictures pictures{shellExe, icons};
-    MenuLines lines;
-    Font defaultFont;
-    FakePump pump;
-    MenuPane pane{*this, measure, pictures, CodePage(), lines, defaultFont};
-    std::vector<std::uint32_t> clicked;
-    int focusTaken = 0;
-    int columns = 0;
-    int focusMoves = 0;
-    bool ticking = false;
-    bool picturesWanted = false;
 };
 
 TEST_F(PaneTest, PutsEachEntryInItsPlace)
