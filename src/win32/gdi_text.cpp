@@ -14,6 +14,8 @@ namespace
 
 // More than any screen shows at once; the platform allows a process some thousands.
 constexpr std::size_t kOpenFonts = 200;
+// Whose line heights are remembered: a column of other fonts in each line is still built quickly.
+constexpr std::size_t kKnownFonts = 4096;
 // The platform measures texts of any length, but its time and its whole numbers do not.
 constexpr std::size_t kPiece = 4096;
 
@@ -156,6 +158,10 @@ GdiText::Entry& GdiText::EntryOf(const Font& font)
 {
     if (lastFont_ != nullptr && *lastFont_ == font) {
         return *lastEntry_;
+    }
+    if (entries_.size() >= kKnownFonts && !entries_.contains(font)) {
+        CloseFonts();
+        entries_.clear();
     }
     const auto place = entries_.try_emplace(font).first;
     Entry& entry = place->second;
