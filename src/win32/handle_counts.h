@@ -1,5 +1,6 @@
-// What the owners in handles.h own, counted in a test build only (NAVRIX_COUNT_HANDLES): Wine does
-// not say how many handles of which kind a process has. In what ships nothing of it is left.
+// What the owners in handles.h own, and what memory is allocated, counted in a test build only
+// (NAVRIX_COUNT_HANDLES): Wine does not say how many handles of which kind a process has, and what
+// its heap takes says little about leaks. In what ships nothing of it is left.
 #pragma once
 
 #include <windows.h>
@@ -41,10 +42,14 @@ template <class Traits> void CountHandles(LONG change)
 }
 
 constexpr WPARAM kInputWaits = 1000;
+constexpr WPARAM kHeapBytes = 1001;
+
+// Bytes that the program's own objects hold now: what is allocated and not yet freed.
+LONGLONG HeapBytes();
 
 // The answer to the registered message "NavrixHandleCount": of the kind with that number how many
 // are owned (low word) and its atom (high word); 0 when there is no such kind. Of number
-// kInputWaits: whether keys, clicks or posted messages wait to be taken.
+// kInputWaits: whether keys, clicks or posted messages wait to be taken. Of kHeapBytes: HeapBytes.
 inline std::optional<LRESULT> AnswerHandleCount(UINT message, WPARAM number)
 {
     if (message != RegisterWindowMessageA("NavrixHandleCount")) {
@@ -52,6 +57,9 @@ inline std::optional<LRESULT> AnswerHandleCount(UINT message, WPARAM number)
     }
     if (number == kInputWaits) {
         return HIWORD(GetQueueStatus(QS_INPUT | QS_POSTMESSAGE)) != 0;
+    }
+    if (number == kHeapBytes) {
+        return HeapBytes();
     }
     const HandleCount& count = HandleCounts()[number];
     return MAKELONG(count.owned, count.kind);

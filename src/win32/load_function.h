@@ -8,8 +8,8 @@ namespace nv
 {
 
 // A function of one of the system's DLLs that is needed seldom or late: loading it is left until
-// then, for every start would wait for it. The DLL is never freed, for others may hold what it made.
-// False: this system does not have it.
+// then, for every start would wait for it. The DLL is never freed, for others may hold what it
+// made. False: this system does not have it.
 template <class Function>
 bool LoadFunction(const char* library, const char* name, Function& function)
 {

@@ -5,8 +5,8 @@
 namespace nv
 {
 
-// What every program of ours does first: no system boxes about empty drives, no DLLs from the folder
-// that a document lies in. At the end of its life it ends COM, too.
+// What every program of ours does first: no system boxes about empty drives, no DLLs from the
+// folder that a document lies in. At the end of its life it ends COM, too.
 class ProcessSetup
 {
 public:
@@ -16,8 +16,8 @@ public:
     ProcessSetup& operator=(const ProcessSetup&) = delete;
 };
 
-// Makes the program's thread fit for those calls of the shell and of its pickers that need COM: to be
-// called before them. The first call does it, any other nothing. Lets no events through.
+// Makes the program's thread fit for those calls of the shell and of its pickers that need COM: to
+// be called before them. The first call does it, any other nothing. Lets no events through.
 void StartCom();
 
 // The folder that the program's file stands in, without closing backslash unless it is a drive

@@ -1,6 +1,6 @@
 // What functions with buffers on the stack compare when they return, and what happens when it was
-// written over. The compiler's own library asks the system's cryptography for the value, which loads
-// three more DLLs at every start.
+// written over. The compiler's own library asks the system's cryptography for the value, which
+// loads three more DLLs at every start.
 
 #define _CRT_RAND_S // for rand_s
 #include <windows.h>

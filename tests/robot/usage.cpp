@@ -19,6 +19,7 @@ namespace
 {
 
 constexpr char kGdiObjects[] = "GDI objects of type ";
+constexpr char kHeap[] = "heap, bytes";
 constexpr char kMemoryKb[] = "memory, KB";
 // Types of GDI objects.
 constexpr int kFont = 10;
@@ -30,6 +31,8 @@ constexpr long long kOwnPictures = 19; // loaded once each, see win32/pictures
 // Kept by Wine: a few pens and fonts, and far more of what comes with its pickers.
 constexpr long long kWines = 16;
 constexpr long long kPickers = 200;
+// What it remembers: the menus that were left, and the heights of fonts.
+constexpr long long kRemembered = 256 * 1024;
 // Memory that the heap cannot use again, because of holes between its blocks.
 constexpr long long kHolesKb = 8192;
 
@@ -88,7 +91,8 @@ long long Allowance(const std::string& name)
                          name == kGdiObjects + std::to_string(kFont);
         return few ? kWines : kPickers;
     }
-    return name == kMemoryKb     ? kHolesKb
+    return name == kHeap         ? kRemembered
+           : name == kMemoryKb   ? kHolesKb
            : isFor("HFONT")      ? kFonts
            : isFor("IconTraits") ? kOwnPictures
                                  : 0;
@@ -132,6 +136,7 @@ Usage UsageOf(HWND main)
         usage.emplace_back(kGdiObjects + std::to_string(type),
                            type == kFont ? count - ownFonts : count);
     }
+    usage.emplace_back(kHeap, Tell(main, CountMessage(), kHeapBytes));
     PROCESS_MEMORY_COUNTERS memory = {};
     GetProcessMemoryInfo(process.Get(), &memory, sizeof memory);
     usage.emplace_back(kMemoryKb, memory.PagefileUsage / 1024);
