@@ -471,7 +471,9 @@ void Form1::Rebuild()
 void Form1::TMode(Mode mode)
 {
     if (mode == Mode::edit && !CreatePanel()) {
-        return; // there are no windows to be had
+        prompts_.Ask("The editor cannot be shown: there are no more windows to be had.",
+                     PromptIcon::stop, PromptButtons::ok);
+        return;
     }
     const Mode left = std::exchange(mode_, mode);
     if (left == Mode::edit && mode != Mode::edit) {
