@@ -148,9 +148,8 @@ private:
             return true;
         }
         std::size_t first = picture.size() - width; // of the lowest line that shows something
-        while (first >= width &&
-               std::count(picture.data() + first, picture.data() + first + width, picture[first]) ==
-                   static_cast<std::ptrdiff_t>(width)) {
+        while (first >= width && std::count(picture.data() + first, picture.data() + first + width,
+                                            picture[first]) == static_cast<std::ptrdiff_t>(width)) {
             first -= width;
         }
         line.top += static_cast<LONG>(first / width);

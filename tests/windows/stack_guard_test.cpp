@@ -1,5 +1,5 @@
-#include <cstdint>
 #include <cstddef>
+#include <cstdint>
 #include <gtest/gtest.h>
 
 extern "C" void* __stack_chk_guard;
