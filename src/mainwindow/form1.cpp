@@ -83,8 +83,7 @@ void Form1::WhenFree(Job job)
         try {
             job();
         } catch (const std::bad_alloc&) {
-            prompts_.Ask("There is not enough memory for this menu.", PromptIcon::stop,
-                         PromptButtons::ok);
+            TellNoMemory();
         }
         if (Handle() == nullptr) {
             return; // the job was the end of the program
@@ -97,6 +96,11 @@ void Form1::WhenFree(Job job)
     }
     view_.SetEmptyText(document_.FFile().empty() ? "No menu is open."
                                                  : "This menu has no entries to show.");
+}
+
+void Form1::TellNoMemory()
+{
+    prompts_.Ask("There is not enough memory for this menu.", PromptIcon::stop, PromptButtons::ok);
 }
 
 void Form1::WhenLoaded(Job job)

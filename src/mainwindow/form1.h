@@ -63,6 +63,7 @@ private:
     // that loads never run inside each other. Of several jobs the last one is run. A load that was
     // ended for a job that opened nothing begins again.
     void WhenFree(Job job);
+    void TellNoMemory();
     // Runs job now or, while a menu loads, after the load.
     void WhenLoaded(Job job);
     // What is to run next of all that was asked for; nothing.

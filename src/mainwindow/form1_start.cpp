@@ -6,6 +6,7 @@
 #include "system/assoc.h"
 #include "win32/screen.h"
 
+#include <new>
 #include <vector>
 
 namespace nv
@@ -132,7 +133,12 @@ void Form1::Place()
 
 void Form1::OpenFirstMenu(const std::string& filePart)
 {
-    const bool opened = !filePart.empty() && document_.FOpen(StripQuotes(filePart));
+    bool opened = false;
+    try {
+        opened = !filePart.empty() && document_.FOpen(StripQuotes(filePart));
+    } catch (const std::bad_alloc&) {
+        TellNoMemory();
+    }
     // Who asks for something else while the first menu loads has chosen already.
     if (!opened && document_.CutShort().empty()) {
         WhenFree([this] { ShowOpenMenu(false); }); // in locked mode as well: it has no other way
