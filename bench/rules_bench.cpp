@@ -2,10 +2,8 @@
 // change; no aims.
 #include "docs/line_reader.h"
 #include "docs/menu_line.h"
-#include "fakes/fake_document_events.h"
 #include "fakes/fake_files.h"
-#include "fakes/fake_pump.h"
-#include "fakes/fake_settings.h"
+#include "fakes/fake_surroundings.h"
 #include "mainwindow/menu_editor.h"
 #include "posix_file.h"
 #include "sample_menu.h"

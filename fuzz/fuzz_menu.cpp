@@ -3,10 +3,8 @@
 #include "docs/line_reader.h"
 #include "docs/menu_document.h"
 #include "docs/menu_line.h"
-#include "fakes/fake_document_events.h"
 #include "fakes/fake_files.h"
-#include "fakes/fake_pump.h"
-#include "fakes/fake_settings.h"
+#include "fakes/fake_surroundings.h"
 #include "fuzz_input.h"
 #include "tool/menu_text.h"
 

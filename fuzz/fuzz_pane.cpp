@@ -1,6 +1,6 @@
 // The column of entries on its panel. Input, parted by code 30: what a user does there, a letter
-// each; then the entries, each a digit (its type), a letter (its font's size) and its caption, from
-// whose "|" on it is the command.
+// each, before a "!" while the menu is loading; then the entries, each a digit (its type), a letter
+// (its font's size) and its caption, from whose "|" on it is the command.
 #include "controls/text_layout.h"
 #include "docs/menu_line.h"
 #include "fakes/fake_pane.h"
@@ -154,9 +154,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         AddEntry(stage.lines, fields[field]);
         CheckWrap(fields[field]);
     }
-    CHECK(stage.pane.LoadFields(stage.pump));
     // Few enough that the view keeps a size that a window can have.
-    for (const char letter : fields[0].substr(0, 12)) {
+    const std::string_view letters = fields[0].substr(0, 12);
+    const std::size_t meanwhile = letters.find('!') + 1; // none: 0
+    std::size_t next = 0;
+    stage.pump.whileThen = [&] {
+        if (next < meanwhile && letters[next] != 'l') {
+            Act(stage, letters[next++]);
+        }
+    };
+    CHECK(stage.pane.LoadFields(stage.pump));
+    CHECK(stage.pane.Scroll().Value() == 0);
+    stage.pump.whileThen = nullptr;
+    for (const char letter : letters.substr(meanwhile)) {
         Act(stage, letter);
         CheckColumn(stage.pane.Column());
         CheckPlaces(stage);

@@ -38,6 +38,7 @@ struct EditorModel {
             fields = DecodeLine(now.lines.at(static_cast<std::size_t>(index)), kDefaultFont);
         }
     }
+    void SelectNext() { Select(std::min(now.selected + 1, Count() - 1)); }
     void Change(std::vector<std::string> lines, int selected)
     {
         done.push_back({now, {}});

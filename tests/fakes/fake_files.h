@@ -25,14 +25,13 @@ public:
         bool readOnly = false;
         bool onDisk = true; // what was written stands on the disk, not only in memory
         bool hidden = false;
-        std::string name = {}; // as it was put
-        int writers = 0;       // nothing can be done to its name meanwhile
+        SystemError refused = 0; // to whoever opens it
+        std::string name = {};   // as it was put
+        int writers = 0;         // nothing can be done to its name meanwhile
     };
 
-    std::size_t room = SIZE_MAX;                   // bytes by which files can still grow
-    std::size_t readPiece = SIZE_MAX;              // most that one Read gives
-    std::map<std::string, SystemError> refuseOpen; // by path
-
+    std::size_t room = SIZE_MAX;      // bytes by which files can still grow
+    std::size_t readPiece = SIZE_MAX; // most that one Read gives
     std::vector<std::string> madeFolders;
 
     void Put(const std::string& path, const std::string& contents)
@@ -136,7 +135,7 @@ private:
         {
             Node().writers += writes_ ? 1 : 0;
         }
-        ~OpenFile() override { Shut(); }
+        ~OpenFile() override { OpenFile::Close(); }
         OpenFile(const OpenFile&) = delete;
         OpenFile& operator=(const OpenFile&) = delete;
 
@@ -150,7 +149,14 @@ private:
         }
         SystemError Write(const char* data, std::size_t size) override
         {
-            return Put(data, size) < size ? kDiskFull : 0;
+            std::string& contents = Node().contents;
+            const std::size_t over = std::min(size, contents.size() - at_);
+            const std::size_t growth = std::min(size - over, files_.room); // as there is room for
+            files_.room -= files_.room == SIZE_MAX ? 0 : growth;
+            contents.replace(at_, over, data, over + growth);
+            Node().onDisk = false;
+            at_ += over + growth;
+            return over + growth < size ? kDiskFull : 0;
         }
         SystemError Rewind() override
         {
@@ -170,30 +176,14 @@ private:
         }
         SystemError Close() override
         {
-            Shut();
+            if (std::exchange(writes_, false)) {
+                --Node().writers;
+            }
             return 0;
         }
 
     private:
         FakeFiles::Node& Node() { return *files_.Find(path_); }
-        void Shut()
-        {
-            if (std::exchange(writes_, false)) {
-                --Node().writers;
-            }
-        }
-        // Writes as much of data as the disk has room for.
-        std::size_t Put(const char* data, std::size_t size)
-        {
-            std::string& contents = Node().contents;
-            const std::size_t over = std::min(size, contents.size() - at_);
-            const std::size_t growth = std::min(size - over, files_.room);
-            files_.room -= files_.room == SIZE_MAX ? 0 : growth;
-            contents.replace(at_, over, data, over + growth);
-            Node().onDisk = false;
-            at_ += over + growth;
-            return over + growth;
-        }
 
         FakeFiles& files_;
         std::string path_;
@@ -224,11 +214,11 @@ private:
     SystemError OpenError(const std::string& path, OpenMode mode)
     {
         const Node* node = Find(path);
-        if (refuseOpen.contains(path)) {
-            return refuseOpen[path];
-        }
         if (node == nullptr) {
             return mode == OpenMode::read || mode == OpenMode::change ? kNotFound : 0;
+        }
+        if (node->refused != 0) {
+            return node->refused;
         }
         if (mode == OpenMode::createNew) {
             return kFileExists;

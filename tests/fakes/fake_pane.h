@@ -1,8 +1,8 @@
 #pragma once
 
 #include "fakes/fake_measure.h"
-#include "fakes/fake_pump.h"
 #include "fakes/fake_shell.h"
+#include "fakes/fake_surroundings.h"
 #include "mainwindow/menu_pane.h"
 
 #include <map>

@@ -14,13 +14,6 @@ constexpr int kBoxText = 0xFFFF; // the ids that the system gives
 constexpr int kFileName = 0x47c;
 constexpr int kFaceName = 0x470;
 
-std::vector<HWND> TopWindowsBeside(HWND main)
-{
-    DWORD process = 0;
-    GetWindowThreadProcessId(main, &process);
-    return TopWindowsOf(process);
-}
-
 std::vector<HWND> ModalsOver(HWND main)
 {
     std::vector<HWND> modals = TopWindowsBeside(main);
@@ -46,13 +39,11 @@ void SetText(HWND window, const std::string& text)
     Tell(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-std::size_t CountWindows(HWND main)
+std::vector<HWND> TopWindowsBeside(HWND main)
 {
-    std::size_t count = 0;
-    for (const HWND window : TopWindowsBeside(main)) {
-        count += 1 + ChildrenOf(window).size();
-    }
-    return count;
+    DWORD process = 0;
+    GetWindowThreadProcessId(main, &process);
+    return TopWindowsOf(process);
 }
 
 HWND ModalOver(HWND main)

@@ -15,8 +15,8 @@ constexpr DWORD kPatience = 15000; // milliseconds in which every window answers
 LRESULT Tell(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 void SetText(HWND window, const std::string& text);
 
-// All windows of the process that owns main, children too.
-std::size_t CountWindows(HWND main);
+// Of the process that owns main, the topmost first; shown or not.
+std::vector<HWND> TopWindowsBeside(HWND main);
 // What takes the input of that process instead of its main window: a message box, a dialog, a
 // picker, a menu. Null: nothing.
 HWND ModalOver(HWND main);

@@ -6,8 +6,6 @@
 #include "robot/hand.h"
 #include "robot/menus.h"
 #include "robot/usage.h"
-#include "tool/menu_text.h"
-#include "win32/win_files.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -50,23 +48,6 @@ void Demand(bool holds, const std::string& what)
 void Await(const std::function<bool()>& condition, const std::string& what, DWORD within = kLoad)
 {
     Demand(Until(condition, within), what);
-}
-
-// What the program writes for the lines that it reads from the file at path.
-std::string WrittenAgain(const std::string& path)
-{
-    WinFiles files;
-    MenuText text;
-    Demand(ReadMenuText(files, path, text) == 0, "the saved file cannot be read");
-    std::string file;
-    for (std::size_t index = 0; index < text.lines.size(); ++index) {
-        std::string line(text.lines[index]);
-        for (std::size_t at = 0; (at = line.find("\r\n", at)) != std::string::npos;) {
-            line.replace(at, 2, 1, '\1');
-        }
-        file += line + "\r\n";
-    }
-    return file;
 }
 
 std::string FileOf(const EditorModel& model)
@@ -216,15 +197,8 @@ protected:
     {
         SetSetting("Settings", "Last", "");
         OpenByDialog(path);
-        const auto loaded = [&] {
-            const HWND modal = ModalOver(Main());
-            if (KindOf(modal) == ModalKind::box) { // about changes
-                Dismiss(modal);
-            }
-            return modal == nullptr && Setting("Settings", "Last") == path &&
-                   Running().Title() == TitleOf(path);
-        };
-        Await(loaded, "not opened: " + path);
+        ComeToRest(); // a question about changes is answered
+        Demand(WaitUntilLoaded(path, kLoad), "not opened: " + path);
         ComeToRest();
     }
 
@@ -264,11 +238,9 @@ protected:
         }
         hand_->Note("save and check " + path);
         const std::string content = Save(path);
-        Demand(WrittenAgain(path) == content,
-               "the saved file is not written as it is read: " + path);
-        Demand(Ask(LB_GETCOUNT) == std::count(content.begin(), content.end(), '\n'),
-               "the list shows " + std::to_string(Ask(LB_GETCOUNT)) +
-                   " entries, not as many as saved");
+        const std::string shown = std::to_string(Ask(LB_GETCOUNT));
+        Demand(shown == std::to_string(std::count(content.begin(), content.end(), '\n')),
+               "the list shows " + shown + " entries, not as many as saved");
         ++saves_;
     }
 
@@ -324,50 +296,45 @@ protected:
     // What was done.
     std::string DoModelled(EditorModel& model, Random& random)
     {
+        static constexpr struct {
+            const char* name;
+            bool control;
+            WORD key;
+            void (EditorModel::*deed)();
+        } kKeys[] = {{"undo", true, 'Z', &EditorModel::Undo},
+                     {"redo", true, 'Y', &EditorModel::Redo},
+                     {"delete", false, VK_DELETE, &EditorModel::Remove},
+                     {"move up", true, VK_UP, &EditorModel::MoveUp},
+                     {"move down", true, VK_DOWN, &EditorModel::MoveDown},
+                     {"down", false, VK_DOWN, &EditorModel::SelectNext}};
         const int count = model.Count();
-        const int choice = random.Below(10);
-        if (choice == 0) {
+        const int choice = random.Below(9);
+        if (choice == 6) {
             ClickButton("Insert New");
             model.InsertNew();
             return "Insert New";
         }
-        if (choice == 1 || choice == 2) {
-            PressWithControl(choice == 1 ? 'Z' : 'Y');
-            choice == 1 ? model.Undo() : model.Redo();
-            return choice == 1 ? "Undo" : "Redo";
-        }
-        if (count == 0) {
+        if (choice > 1 && count == 0) {
             return "nothing";
         }
-        if (choice == 3) {
+        if (choice == 7) {
             Drag(model, random);
             return "drag";
         }
-        const bool another = model.now.selected < 0 || random.Chance(40);
-        // Without another one too: the list takes the keys.
-        SelectRow(model,
-                  static_cast<std::size_t>(another ? random.Below(count) : model.now.selected));
-        switch (choice) {
-        case 4:
+        if (choice > 1) {
+            // Without another one too: the list takes the keys.
+            const bool another = model.now.selected < 0 || random.Chance(40);
+            const int row = another ? random.Below(count) : model.now.selected;
+            SelectRow(model, static_cast<std::size_t>(row));
+        }
+        if (choice == 8) {
             TypeIntoCommand(model, random);
             return "type";
-        case 5:
-            PressKey(VK_DELETE);
-            model.Remove();
-            return "delete";
-        case 6:
-            PressWithControl(VK_UP);
-            model.MoveUp();
-            return "move up";
-        case 7:
-            PressWithControl(VK_DOWN);
-            model.MoveDown();
-            return "move down";
-        default:
-            PressKey(VK_DOWN);
-            model.Select(std::min(model.now.selected + 1, count - 1));
-            return "down";
         }
+        const auto& act = kKeys[choice];
+        act.control ? PressWithControl(act.key) : PressKey(act.key);
+        (model.*act.deed)();
+        return act.name;
     }
 
     void FollowModel()

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdint>
-#include <map>
+#include <cstring>
 #include <memory>
 #include <psapi.h>
 #include <stdexcept>
@@ -15,26 +15,32 @@
 namespace nv::robot
 {
 
+using namespace e2e;
+
 namespace
 {
 
 constexpr char kGdiObjects[] = "GDI objects of type ";
 constexpr char kHeap[] = "heap, bytes";
 constexpr char kMemoryKb[] = "memory, KB";
-// Types of GDI objects.
-constexpr int kFont = 10;
-constexpr int kPen = 16; // and brush
-constexpr auto npos = std::string::npos;
-// Fonts that the program keeps open: at rest any number up to this, see win32/gdi_text.
-constexpr long long kFonts = 200;
-constexpr long long kOwnPictures = 19; // loaded once each, see win32/pictures
-// Kept by Wine: a few pens and fonts, and far more of what comes with its pickers.
-constexpr long long kWines = 16;
-constexpr long long kPickers = 200;
-// What it remembers: the menus that were left, and the heights of fonts.
-constexpr long long kRemembered = 256 * 1024;
-// Memory that the heap cannot use again, because of holes between its blocks.
-constexpr long long kHolesKb = 8192;
+constexpr int kFont = 10; // a type of GDI objects
+
+// By how much a figure may exceed the best of the first ones without being a leak: the first of
+// these whose name is a part of its name, or nothing.
+constexpr std::pair<const char*, long long> kAllowances[] = {
+    // Fonts that the program keeps open: at rest any number up to this, see win32/gdi_text.
+    {"HFONT", 200},
+    // Its own pictures, loaded once each, see win32/pictures.
+    {"IconTraits", 19},
+    // Kept by Wine: a few fonts, pens and brushes, and far more of what comes with its pickers.
+    {"GDI objects of type 10", 16},
+    {"GDI objects of type 16", 16},
+    {kGdiObjects, 200},
+    // What it remembers: the menus that were left, and the heights of fonts.
+    {kHeap, 256 * 1024},
+    // What the heap cannot use again, because of holes between its blocks.
+    {kMemoryKb, 8192},
+};
 
 UINT CountMessage()
 {
@@ -82,27 +88,14 @@ std::map<int, long long> GdiObjects(HANDLE process)
     return counts;
 }
 
-// By how much a figure may exceed the best of the first ones without being a leak.
-long long Allowance(const std::string& name)
+long long AllowanceOf(const std::string& name)
 {
-    const auto isFor = [&](const std::string& part) { return name.find(part) != npos; };
-    if (isFor(kGdiObjects)) {
-        const bool few = name == kGdiObjects + std::to_string(kPen) ||
-                         name == kGdiObjects + std::to_string(kFont);
-        return few ? kWines : kPickers;
+    for (const auto& [part, allowance] : kAllowances) {
+        if (name.find(part) != std::string::npos) {
+            return allowance;
+        }
     }
-    return name == kHeap         ? kRemembered
-           : name == kMemoryKb   ? kHolesKb
-           : isFor("HFONT")      ? kFonts
-           : isFor("IconTraits") ? kOwnPictures
-                                 : 0;
-}
-
-long long FigureOf(const Usage& usage, const std::string& name)
-{
-    const auto found = std::find_if(usage.begin(), usage.end(),
-                                    [&](const auto& each) { return each.first == name; });
-    return found != usage.end() ? found->second : 0;
+    return 0;
 }
 
 } // namespace
@@ -116,34 +109,35 @@ Usage UsageOf(HWND main)
 {
     Usage usage;
     long long ownFonts = 0;
-    while (const LRESULT answer = Tell(main, CountMessage(), usage.size())) {
+    WPARAM number = 0;
+    while (const LRESULT answer = Tell(main, CountMessage(), number++)) {
         char kind[256] = "";
         GlobalGetAtomNameA(static_cast<ATOM>(HIWORD(answer)), kind, sizeof kind);
-        usage.emplace_back(kind, LOWORD(answer));
-        ownFonts +=
-            std::string_view(kind).find("HFONT") != std::string_view::npos ? LOWORD(answer) : 0;
+        usage[kind] = LOWORD(answer);
+        ownFonts += std::strstr(kind, "HFONT") != nullptr ? LOWORD(answer) : 0;
     }
     if (usage.empty()) {
         throw std::runtime_error("the program does not count its handles");
     }
-    usage.emplace_back("windows", static_cast<long long>(CountWindows(main)));
+    for (const HWND window : TopWindowsBeside(main)) {
+        usage["windows"] += 1 + std::ssize(ChildrenOf(window));
+    }
 
     DWORD id = 0;
     GetWindowThreadProcessId(main, &id);
     const KernelHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id));
     for (const auto& [type, count] : GdiObjects(process.Get())) {
         // Of fonts those of nobody: the program's own are counted above.
-        usage.emplace_back(kGdiObjects + std::to_string(type),
-                           type == kFont ? count - ownFonts : count);
+        usage[kGdiObjects + std::to_string(type)] = type == kFont ? count - ownFonts : count;
     }
-    usage.emplace_back(kHeap, Tell(main, CountMessage(), kHeapBytes));
+    usage[kHeap] = Tell(main, CountMessage(), kHeapBytes);
     PROCESS_MEMORY_COUNTERS memory = {};
     GetProcessMemoryInfo(process.Get(), &memory, sizeof memory);
-    usage.emplace_back(kMemoryKb, memory.PagefileUsage / 1024);
+    usage[kMemoryKb] = static_cast<long long>(memory.PagefileUsage / 1024);
     return usage;
 }
 
-Comparison Compare(const std::vector<Usage>& moments)
+Comparison Compare(std::vector<Usage> moments)
 {
     const std::size_t third = std::max<std::size_t>(moments.size() / 3, 1);
     // Kinds are counted from when there is one: the last moment knows them all.
@@ -155,15 +149,14 @@ Comparison Compare(const std::vector<Usage>& moments)
         long long most = 0;
         long long end = LLONG_MAX;
         for (std::size_t at = 0; at < third; ++at) {
-            const long long value = FigureOf(moments[at], name);
+            const long long value = moments[at][name]; // 0 where there was none yet
             least = std::min(least, value);
             most = std::max(most, value);
-            end = std::min(end, FigureOf(moments[moments.size() - 1 - at], name));
+            end = std::min(end, moments[moments.size() - 1 - at][name]);
         }
         result.table += "  " + name + ": " + std::to_string(least) + " to " + std::to_string(most) +
                         ", at the end " + std::to_string(end) + "\n";
-        const long long allowed = least + Allowance(name);
-        if (end > std::max(most, allowed)) {
+        if (end > std::max(most, least + AllowanceOf(name))) {
             result.grown.push_back(name);
         }
     }

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
+#include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace nv::robot
@@ -11,7 +11,7 @@ namespace nv::robot
 
 // What the program under the robot takes of the system at one moment, by name: the handles that it
 // owns, its windows, GDI objects and memory.
-using Usage = std::vector<std::pair<std::string, long long>>;
+using Usage = std::map<std::string, long long>;
 
 // Of the program with that main window, which must be a build that counts its handles.
 Usage UsageOf(HWND main);
@@ -25,6 +25,6 @@ struct Comparison {
 };
 // The last third of moments with the first. Of a third the best moment counts: what is still being
 // freed is no leak. There must be one moment at least.
-Comparison Compare(const std::vector<Usage>& moments);
+Comparison Compare(std::vector<Usage> moments);
 
 } // namespace nv::robot

@@ -37,16 +37,6 @@ struct Desk : FakeDesk<Faulty<FakeFiles>> {
         document.Lines().Set(0, "edited, and longer");
         document.SetMCh(true);
     }
-    std::string State() const
-    {
-        std::string state = document.FFile() + (document.MCh() ? " changed" : "") +
-                            (document.UnsavedChanges() ? " unsaved" : "") +
-                            (document.Loading() ? " loading" : "") + ":";
-        for (std::size_t index = 0; index < document.Lines().size(); ++index) {
-            state.append(document.Lines()[index]).append("\r\n");
-        }
-        return state;
-    }
     void FollowEvents()
     {
         for (const std::string& event : events.Take()) {
@@ -242,22 +232,6 @@ TEST(Faults, LeaveWholeMenusWhereverTheProgramDies)
     }
 }
 
-TEST(Saves, WriteAllAndLeaveNothingBeside)
-{
-    for (const Act& act : kActs) {
-        for (const std::string& line : {std::string("short"), std::string(3000, 'x')}) {
-            Desk desk;
-            Prepare(desk, act);
-            desk.document.Lines().Clear();
-            desk.document.Lines().Append(line);
-            EXPECT_TRUE(desk.document.SavePDM(kStart)) << act.name;
-            desk.files.CutPower();
-            EXPECT_EQ(desk.files.Contents(kStart), line + "\r\n") << act.name << ": not flushed";
-            EXPECT_EQ(desk.files.Count(), 2u) << act.name << ": something stands beside";
-        }
-    }
-}
-
 TEST(Saves, LeaveTheOldMenuWhenTheDiskIsFull)
 {
     for (const Act& act : kActs) {
@@ -305,7 +279,7 @@ TEST(Saves, RefuseWhatCannotBeWrittenBeforeTouchingIt)
     files.Put(kStart, kOld);
     files.Find(kStart)->readOnly = true;
     EXPECT_EQ(begin(), kAccessDenied);
-    files.refuseOpen[kStart] = kSharingViolation;
+    files.Find(kStart)->refused = kSharingViolation;
     files.Find(kStart)->readOnly = false;
     EXPECT_EQ(begin(), kSharingViolation);
     EXPECT_EQ(files.Contents(kStart), kOld);

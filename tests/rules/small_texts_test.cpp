@@ -1,0 +1,143 @@
+// Texts that come in and go out, each by a few rules.
+#include "mainwindow/browse.h"
+#include "mainwindow/command_line.h"
+#include "mainwindow/companion.h"
+#include "support/trouble_ticket.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace nv
+{
+namespace
+{
+
+using Pairs = std::pair<const char*, const char*>[]; // given, expected
+
+TEST(CommandLine, FindsFileAndSwitch)
+{
+    const struct {
+        const char* arguments;
+        const char* filePart;
+        bool locked;
+        unsigned codePage = 1252;
+    } cases[] = {
+        {"\"C:\\My Menus\\Start.nvm\"", "\"C:\\My Menus\\Start.nvm\"", false},
+        {"/l", "", true},
+        {"ab/l", "a", true}, // one character before the switch goes with it
+        {"C:\\a\x83\x5C/l", "C:\\a", true, 932},
+        {"Start.nvm /L Other.nvm", "Start.nvm", true},
+        {"C:/lists/a.nvm", "C", true}, // the first "/l" counts, wherever it stands
+    };
+    for (const auto& c : cases) {
+        const CommandLine line = ParseCommandLine(c.arguments, CodePage(c.codePage));
+        EXPECT_EQ(line.filePart, c.filePart) << c.arguments;
+        EXPECT_EQ(line.locked, c.locked) << c.arguments;
+    }
+}
+
+TEST(CommandLine, FindsTheArgumentsAndTheFilesName)
+{
+    for (const auto& [whole, arguments] : Pairs{{"NVMenu", ""},
+                                                {"NVMenu.exe  a \"b c\"", "a \"b c\""},
+                                                {"NVMenu.exe\ta ", "a "},
+                                                {"\"C:\\My Menus\\NVMenu.exe\"  a /l", "a /l"},
+                                                {"\"C:\\My Menus", ""},
+                                                {"\"\"a", "a"}}) {
+        EXPECT_EQ(ArgumentsOf(whole), arguments) << whole;
+    }
+    // Each quote goes by itself, but from nothing shorter than three characters.
+    for (const auto& [text, stripped] :
+         Pairs{{"\"\"", "\"\""}, {"\"a\"", "a"}, {"\"ab", "ab"}, {"ab\"", "ab"}, {"\"a", "\"a"}}) {
+        EXPECT_EQ(StripQuotes(text), stripped) << text;
+    }
+}
+
+TEST(Browse, PutsThePathBetweenExactlyTwoQuotes)
+{
+    const struct {
+        std::string before;
+        std::string after;
+        std::string expected;
+        bool balanced = true;
+    } cases[] = {
+        {"", " /x", "\"P\""},         // before arguments
+        {"\"", "\"", "P"},            // between two quotes
+        {"\"", "", "P\""},            // after the one that opens
+        {"", "\"", "\"P"},            // before the one that closes
+        {"", "\" \"x\"", "\"P"},      // ... with a quoted part behind it
+        {"\"", " \"x\"", "P\""},      // the quotes behind belong together
+        {"\"a\" ", "", "\"P\""},      // behind a quoted part
+        {"\"a\" \"", "\" b", "P"},    // in the second one
+        {"", " x\"", "\"P\"", false}, // a stray quote stays one
+    };
+    for (const auto& c : cases) {
+        const std::string put = QuotedForBox("P", c.before, c.after);
+        EXPECT_EQ(put, c.expected) << c.before << '|' << c.after;
+        const std::string text = c.before + put + c.after;
+        EXPECT_EQ(std::count(text.begin(), text.end(), '"') % 2 == 0, c.balanced) << text;
+    }
+}
+
+TEST(Browse, ShowsTheFilterOfTheCommandsExtension)
+{
+    const std::pair<const char*, int> cases[] = {
+        {"a.nvm", 1},    {"\"C:\\a b.NVM\"", 1}, {"a.Nvf", 2}, {"\"a.b.exe\"", 3},
+        {"a.exe /x", 4}, {"a.nvm\"\"", 4},       {"nvm", 4},   {".\"", 4}};
+    for (const auto& [command, filter] : cases) {
+        EXPECT_EQ(BrowseFilterIndex(command), filter) << command;
+    }
+    const std::string filter = BrowseFilter();
+    EXPECT_EQ(std::count(filter.begin(), filter.end(), '\0'), 9);
+    EXPECT_TRUE(filter.ends_with(std::string("\0*.*\0\0", 6)));
+}
+
+TEST(Companion, HandsItsShowStateOn)
+{
+    const struct {
+        const char* arguments;
+        int show;
+        const char* command;
+    } cases[] = {
+        {" \t ", 3, ""},    {"  a b", 1, "a b"},   {"\ta", 3, "a /NV+"},
+        {"a", 2, "a /NV-"}, {"a", 6, "a /NV-"},    {"a", 7, "a /NV-"}, // as shortcuts start
+        {"a", 0, "a"},      {"a /nv", 3, "a /nv"}, {"a /NV- C:\\T", 3, "a /NV- C:\\T"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(CompanionCommand(c.arguments, c.show), c.command) << c.arguments << c.show;
+    }
+}
+
+TEST(Companion, NamesWhatDidNotStart)
+{
+    const CodePage japanese(932);
+    LaunchInfo info;
+    info.targetKind = TargetKind::document;
+    info.plainProgram = "a b.exe";
+    info.foundProgram = "C:\\np.exe";
+    info.workingDirectory = "C:\\T";
+    EXPECT_EQ(CannotStartText(info, japanese),
+              "Cannot start:\n\na b.exe\n\nThis program did not start:\n\nC:\\np.exe\n\n"
+              "in the folder:\n\nC:\\T");
+    info = {};
+    for (int count = 0; count < 5000; ++count) {
+        info.plainProgram += "\x83\x5C";
+    }
+    const std::string shown =
+        info.plainProgram.substr(0, 600) + "...\n\nIt was"; // whole characters
+    EXPECT_TRUE(CannotStartText(info, japanese).starts_with("Cannot start:\n\n" + shown));
+}
+
+TEST(TroubleTicket, NamesTheSystems)
+{
+    TicketFields fields;
+    fields.counts[existingWorkstations] = "007";
+    fields.workstations.fill(true);
+    fields.problem = "Not";
+    const std::string hardware =
+        "\r\nServers: 0, 0, \r\nWorkstations: 007, 0, 98-Me-2000-NT 4.0-XP-Other\r\nNot\r\n";
+    EXPECT_NE(BuildTicket(fields, "", "").find(hardware), std::string::npos);
+}
+
+} // namespace
+} // namespace nv
