@@ -254,6 +254,8 @@ TEST(MenuEditor, DoesNothingWhileNoMenuIsLoaded)
     EXPECT_TRUE(desk.editor.Fields() == kNewEntry);
     EXPECT_EQ(desk.Lines(), lines);
     EXPECT_FALSE(desk.document.MCh());
+    desk.editor.Loaded();
+    EXPECT_FALSE(desk.editor.CanUndo() || desk.editor.CanRedo()); // of the menu before
 }
 
 TEST(MenuEditor, APanelOutOfMemoryLeavesStepsThatCanBeUndone)
