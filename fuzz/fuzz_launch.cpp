@@ -39,7 +39,7 @@ public:
         given = given.substr(found ? 0 : 1, 259);
         std::copy(given.begin(), given.end(), answer.begin());
         answer[given.size()] = '\0'; // what stood behind it stays, as with the real shell
-        return found ? 33 : 31;
+        return found ? 33 : 32;
     }
 
     std::int32_t StartByShell(const ShellStartRequest& request) override
@@ -56,7 +56,7 @@ public:
         log += "process " + request.commandLine + "|" + request.directory + "|" + request.title +
                "|" + std::to_string(static_cast<int>(request.show)) + "\n";
         ++starts;
-        return request.commandLine.size() % 2 == 0 ? 1 : 0;
+        return static_cast<std::int32_t>(request.commandLine.size() % 3) - 1;
     }
 
     std::string log;

@@ -58,7 +58,9 @@ void CheckValues(std::string_view line, const MenuItem& item)
     const auto charset = ParseInteger(TagValue(line, "FONTCHAR")).value_or(INT32_MAX);
     CHECK(item.font.charset ==
           (charset >= INT16_MIN && charset <= INT16_MAX ? charset : kDefault.charset));
-    CHECK(static_cast<int>(item.type) >= 0 && static_cast<int>(item.type) <= 9);
+    const auto digit = std::string_view("0123456789").find(line.substr(0, 1));
+    CHECK(static_cast<int>(item.type) ==
+          (line.empty() || digit == std::string_view::npos ? 0 : static_cast<int>(digit)));
 }
 
 void CheckLine(std::string_view line)

@@ -22,8 +22,6 @@ public:
 
     // Files without an answer are not found.
     std::map<std::string, Answer> answers;
-    std::int32_t shellResult = 33;
-    std::int32_t processResult = 1;
     bool failWithException = false; // in the two start calls
 
     // Each request as a line: find [file] [directory], shell ... or process ..., in order.
@@ -49,7 +47,7 @@ public:
         calls.push_back("shell " + std::to_string(request.owner) + " " + request.verb + " [" +
                         request.file + "] [" + request.parameters + "] in [" + request.directory +
                         "] show " + std::to_string(static_cast<int>(request.show)));
-        return failWithException ? throw std::runtime_error("fault") : shellResult;
+        return failWithException ? throw std::runtime_error("fault") : 33;
     }
 
     std::int32_t StartProcess(const ProcessStartRequest& request) override
@@ -62,7 +60,7 @@ public:
                         std::to_string(static_cast<int>(request.show)) +
                         (request.inheritHandles ? " inherit" : "") + " creation " +
                         std::to_string(request.creationFlags));
-        return failWithException ? throw std::runtime_error("fault") : processResult;
+        return failWithException ? throw std::runtime_error("fault") : 1;
     }
 };
 

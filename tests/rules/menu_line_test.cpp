@@ -58,14 +58,5 @@ TEST(MenuLine, RoundsFontSizesHalfToEven)
     }
 }
 
-TEST(MenuLine, ReadsTheTypeFromTheFirstCharacter)
-{
-    const std::pair<const char*, int> types[] = {{"12>", 1}, {"9>", 9}, {"x>", 0}, {"", 0},
-                                                 {" 3>", 0}, {"-1", 0}, {"/", 0}};
-    for (const auto& [line, type] : types) {
-        EXPECT_EQ(static_cast<int>(DecodeLine(line, kDefault).type), type) << line;
-    }
-}
-
 } // namespace
 } // namespace nv

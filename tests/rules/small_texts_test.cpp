@@ -12,44 +12,14 @@ namespace nv
 namespace
 {
 
-using Pairs = std::pair<const char*, const char*>[]; // given, expected
-
-TEST(CommandLine, FindsFileAndSwitch)
+TEST(CommandLine, FindsTheArguments)
 {
-    const struct {
-        const char* arguments;
-        const char* filePart;
-        bool locked;
-        unsigned codePage = 1252;
-    } cases[] = {
-        {"\"C:\\My Menus\\Start.nvm\"", "\"C:\\My Menus\\Start.nvm\"", false},
-        {"/l", "", true},
-        {"ab/l", "a", true}, // one character before the switch goes with it
-        {"C:\\a\x83\x5C/l", "C:\\a", true, 932},
-        {"Start.nvm /L Other.nvm", "Start.nvm", true},
-        {"C:/lists/a.nvm", "C", true}, // the first "/l" counts, wherever it stands
-    };
-    for (const auto& c : cases) {
-        const CommandLine line = ParseCommandLine(c.arguments, CodePage(c.codePage));
-        EXPECT_EQ(line.filePart, c.filePart) << c.arguments;
-        EXPECT_EQ(line.locked, c.locked) << c.arguments;
-    }
-}
-
-TEST(CommandLine, FindsTheArgumentsAndTheFilesName)
-{
-    for (const auto& [whole, arguments] : Pairs{{"NVMenu", ""},
-                                                {"NVMenu.exe  a \"b c\"", "a \"b c\""},
-                                                {"NVMenu.exe\ta ", "a "},
-                                                {"\"C:\\My Menus\\NVMenu.exe\"  a /l", "a /l"},
-                                                {"\"C:\\My Menus", ""},
-                                                {"\"\"a", "a"}}) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"NVMenu", ""},           {"NVMenu.exe  a \"b c\"", "a \"b c\""},
+        {"NVMenu.exe\ta ", "a "}, {"\"C:\\My Menus\\NVMenu.exe\"  a /l", "a /l"},
+        {"\"C:\\My Menus", ""},   {"\"\"a", "a"}};
+    for (const auto& [whole, arguments] : cases) {
         EXPECT_EQ(ArgumentsOf(whole), arguments) << whole;
-    }
-    // Each quote goes by itself, but from nothing shorter than three characters.
-    for (const auto& [text, stripped] :
-         Pairs{{"\"\"", "\"\""}, {"\"a\"", "a"}, {"\"ab", "ab"}, {"ab\"", "ab"}, {"\"a", "\"a"}}) {
-        EXPECT_EQ(StripQuotes(text), stripped) << text;
     }
 }
 
