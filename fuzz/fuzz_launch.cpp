@@ -354,20 +354,31 @@ void CheckClick(const Script& script)
     ShellExe shellExe(shell, kFolder);
     const auto menu = MenuToOpen(shellExe, kOwner, script.command);
     CHECK(!menu || FileExtension(*menu) == "NVM");
-    const std::string expanded = shellExe.ExpandLauncher(kOwner, script.command);
-    CHECK(IsLauncherCommand(script.command) ? expanded.starts_with("\"D:\\Navrix\\NVSUB.exe\"")
-                                            : expanded == script.command);
-    CHECK(shell.starts == 0);
+    ScriptedShell parsing(script.first, script.second);
+    const LaunchInfo parsed =
+        ShellExe(parsing, kFolder).LaunchCommand(kOwner, script.command, "", false);
+    const bool quoted = script.command.starts_with('"');
+    ScriptedShell expanding(script.first, script.second);
+    CHECK(ShellExe(expanding, kFolder).ExpandLauncher(kOwner, script.command) ==
+          (UpperCase(script.command).substr(quoted ? 1 : 0, 5) == "NVSUB"
+               ? "\"D:\\Navrix\\NVSUB.exe\"" + parsed.arguments + parsed.switchText
+               : script.command));
+    CHECK(shell.starts + expanding.starts == 0);
     LaunchLink(shellExe, kOwner, script.command);
     CHECK(shell.starts <= 1);
 }
 
 void CheckCompanion(const Script& script)
 {
-    const std::string command = CompanionCommand(script.command, 2);
-    const bool blank = script.command.find_first_not_of(" \t") == std::string::npos;
-    CHECK(command.empty() == blank);
-    CHECK(blank || FindSwitch(command) != std::string::npos);
+    // By the number of the show state; minimized has three.
+    static constexpr std::array kHandedOn = {"", "", " /NV-", " /NV+", "", "", " /NV-", " /NV-"};
+    const std::size_t show = script.title.size() % kHandedOn.size();
+    std::string command = script.command;
+    command.erase(0, command.find_first_not_of(" \t"));
+    if (!command.empty() && UpperCase(command).find("/NV") == std::string::npos) {
+        command += kHandedOn[show];
+    }
+    CHECK(CompanionCommand(script.command, static_cast<int>(show)) == command);
     ScriptedShell shell(script.first, script.second);
     const LaunchInfo info = ShellExe(shell, kFolder).LaunchCommand(kOwner, command, "", true);
     for (const CodePage& codePage : kCodePages) {

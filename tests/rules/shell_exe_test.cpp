@@ -96,23 +96,5 @@ TEST(ShellExe, KeepsLongTextFromTheShell)
     }
 }
 
-TEST(ShellExe, ExpandsLauncherCommands)
-{
-    const std::pair<const char*, const char*> cases[] = {
-        {"NVSUB p.exe a", "\"D:\\Navrix\\NVSUB.exe\" p.exe a"},
-        {"nvsub p.exe  /nv+ C:\\T", "\"D:\\Navrix\\NVSUB.exe\" p.exe /nv+ C:\\T"},
-        {"\"NVSub\" \"a b\" c", "\"D:\\Navrix\\NVSUB.exe\" \"a b\" c"},
-        {"\"NVSUB", "\"D:\\Navrix\\NVSUB.exe\""},
-        {" NVSUB x", " NVSUB x"},
-        {"NVSU x", "NVSU x"},
-        {"\"", "\""},
-    };
-    for (const auto& [command, expanded] : cases) {
-        FakeShell shell;
-        EXPECT_EQ(ShellExe(shell, kFolder).ExpandLauncher(kOwner, command), expanded);
-        EXPECT_TRUE(shell.calls.empty() || shell.calls[0].starts_with("find")) << command;
-    }
-}
-
 } // namespace
 } // namespace nv

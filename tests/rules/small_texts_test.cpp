@@ -62,22 +62,6 @@ TEST(Browse, ShowsTheFilterOfTheCommandsExtension)
     EXPECT_TRUE(filter.ends_with(std::string("\0*.*\0\0", 6)));
 }
 
-TEST(Companion, HandsItsShowStateOn)
-{
-    const struct {
-        const char* arguments;
-        int show;
-        const char* command;
-    } cases[] = {
-        {" \t ", 3, ""},    {"  a b", 1, "a b"},   {"\ta", 3, "a /NV+"},
-        {"a", 2, "a /NV-"}, {"a", 6, "a /NV-"},    {"a", 7, "a /NV-"}, // as shortcuts start
-        {"a", 0, "a"},      {"a /nv", 3, "a /nv"}, {"a /NV- C:\\T", 3, "a /NV- C:\\T"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(CompanionCommand(c.arguments, c.show), c.command) << c.arguments << c.show;
-    }
-}
-
 TEST(Companion, NamesWhatDidNotStart)
 {
     const CodePage japanese(932);
