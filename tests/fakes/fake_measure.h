@@ -39,25 +39,21 @@ public:
         std::string text;
         Color color;
     };
-    struct DrawnPicture {
-        TwipRect area;
-        Picture picture;
-    };
     void Fill(const TwipRect&, Color) override {}
     void Text(TwipPoint at, const Font&, Color color, std::string_view text) override
     {
         texts.push_back({at, std::string(text), color});
     }
-    void DrawPicture(const TwipRect& area, const Picture& picture, bool) override
+    void DrawPicture(const TwipRect&, const Picture& picture, bool) override
     {
-        pictures.push_back({area, picture});
+        pictures.push_back(picture);
     }
     void HorizontalLine(TwipPoint, Twips, int, Color) override {}
     void Frame(const TwipRect& area, Color, Color) override { frames.push_back(area); }
     void FocusFrame(const TwipRect& area) override { focusFrames.push_back(area); }
 
     std::vector<DrawnText> texts;
-    std::vector<DrawnPicture> pictures;
+    std::vector<Picture> pictures;
     std::vector<TwipRect> frames;
     std::vector<TwipRect> focusFrames;
 };

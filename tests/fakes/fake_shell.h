@@ -15,13 +15,8 @@ namespace nv
 class FakeShell : public Shell
 {
 public:
-    struct Answer {
-        std::int32_t result = 33;
-        std::string program;
-    };
-
-    // Files without an answer are not found.
-    std::map<std::string, Answer> answers;
+    // The programs of files, which may be themselves. Files that are not among them are not found.
+    std::map<std::string, std::string> answers;
     bool failWithException = false; // in the two start calls
 
     // Each request as a line: find [file] [directory], shell ... or process ..., in order.
@@ -35,11 +30,10 @@ public:
             throw std::logic_error("the shell may write 260 characters");
         }
         const auto found = answers.find(file);
-        const Answer given = found == answers.end() ? Answer{2, ""} : found->second;
-        const auto length = std::min<std::size_t>(given.program.size(), 259);
-        std::copy_n(given.program.begin(), length, answer.begin());
-        answer[length] = '\0'; // what stood behind it stays, as with the real shell
-        return given.result;
+        const std::string program = found == answers.end() ? "" : found->second.substr(0, 259);
+        std::copy(program.begin(), program.end(), answer.begin());
+        answer[program.size()] = '\0'; // what stood behind it stays, as with the real shell
+        return found == answers.end() ? 2 : 33;
     }
 
     std::int32_t StartByShell(const ShellStartRequest& request) override

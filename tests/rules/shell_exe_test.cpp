@@ -41,7 +41,7 @@ TEST(ShellExe, StartsALinkByShellOrAsAProcess)
     };
     for (const auto& [command, calls] : cases) {
         FakeShell shell;
-        shell.answers = {{"p.exe", {33, "p.exe"}}, {"long", {33, longAnswer}}};
+        shell.answers = {{"p.exe", "p.exe"}, {"long", longAnswer}};
         EXPECT_TRUE(Launch(shell, command).started) << command;
         EXPECT_EQ(shell.calls, calls) << command;
     }
@@ -51,7 +51,7 @@ TEST(ShellExe, TakesAFaultForNoStart)
 {
     for (const char* command : {"p.exe", "p.exe /NV C:\\T"}) {
         FakeShell shell;
-        shell.answers["p.exe"] = {33, "p.exe"};
+        shell.answers["p.exe"] = "p.exe";
         shell.failWithException = true;
         EXPECT_FALSE(Launch(shell, command).started) << command;
     }
@@ -90,7 +90,7 @@ TEST(ShellExe, KeepsLongTextFromTheShell)
     };
     for (const auto& c : cases) {
         FakeShell shell;
-        shell.answers["a.exe"] = {33, "a.exe"};
+        shell.answers["a.exe"] = "a.exe";
         EXPECT_EQ(Launch(shell, c.command).started, c.started) << c.command;
         EXPECT_EQ(shell.calls.size(), c.calls) << c.command;
     }

@@ -150,7 +150,7 @@ TEST_F(ToolTest, FindsWhatALineLoses)
 
 TEST_F(ToolTest, LooksForTheTargetsOfLinks)
 {
-    shell_.answers = {{"C:\\tool.exe", {33, "C:\\tool.exe"}}, {"C:\\a.txt", {33, "C:\\edit.exe"}}};
+    shell_.answers = {{"C:\\tool.exe", "C:\\tool.exe"}, {"C:\\a.txt", "C:\\edit.exe"}};
     files_.Put("C:\\Sub menu.nvm", "");
     files_.Put("C:\\a.unknown", "");
     files_.Put("C:\\a.lnk", "");
