@@ -239,9 +239,6 @@ TEST_F(ToolTest, MakesAMenuOfAFolder)
 {
     files_.MakeFolder("C:\\My Tools");
     files_.MakeFolder("C:\\My Tools\\");
-    for (const char* name : {"zip.exe", "Alpha.lnk", "beta two.tar.gz", "Sub.NVM", ".profile"}) {
-        files_.Put(std::string("C:\\My Tools\\") + name, "");
-    }
     files_.Put("C:\\My Tools\\desktop.ini", "");
     files_.Find("C:\\My Tools\\desktop.ini")->hidden = true;
     std::string links;
@@ -250,8 +247,10 @@ TEST_F(ToolTest, MakesAMenuOfAFolder)
                                         {"beta two.tar", "beta two.tar.gz"},
                                         {"Sub", "Sub.NVM"},
                                         {"zip", "zip.exe"}}) {
-        const std::string link = std::string("\"C:\\My Tools\\") + name + '"';
-        links += EncodeLine({ItemType::vLink, caption, link, Font(), SystemColor(8)}) + "\r\n";
+        const std::string path = std::string("C:\\My Tools\\") + name;
+        files_.Put(path, "");
+        links += EncodeLine({ItemType::vLink, caption, '"' + path + '"', Font(), SystemColor(8)}) +
+                 "\r\n";
     }
     EXPECT_EQ(Run({"import", "C:\\My Tools\\"}), 0);
     const auto titleEnd = written_.find("\r\n") + 2;
