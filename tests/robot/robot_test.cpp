@@ -6,6 +6,8 @@
 #include "robot/hand.h"
 #include "robot/menus.h"
 #include "robot/usage.h"
+#include "tool/menu_text.h"
+#include "win32/win_files.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -48,6 +50,23 @@ void Demand(bool holds, const std::string& what)
 void Await(const std::function<bool()>& condition, const std::string& what, DWORD within = kLoad)
 {
     Demand(Until(condition, within), what);
+}
+
+// What the program writes for the lines that it reads from the file at path.
+std::string WrittenAgain(const std::string& path)
+{
+    WinFiles files;
+    MenuText text;
+    Demand(ReadMenuText(files, path, text) == 0, "the saved file cannot be read");
+    std::string file;
+    for (std::size_t index = 0; index < text.lines.size(); ++index) {
+        std::string line(text.lines[index]);
+        for (std::size_t at = 0; (at = line.find("\r\n", at)) != std::string::npos;) {
+            line.replace(at, 2, 1, '\1');
+        }
+        file += line + "\r\n";
+    }
+    return file;
 }
 
 std::string FileOf(const EditorModel& model)
@@ -238,6 +257,8 @@ protected:
         }
         hand_->Note("save and check " + path);
         const std::string content = Save(path);
+        Demand(WrittenAgain(path) == content,
+               "the saved file is not written as it is read: " + path);
         const std::string shown = std::to_string(Ask(LB_GETCOUNT));
         Demand(shown == std::to_string(std::count(content.begin(), content.end(), '\n')),
                "the list shows " + shown + " entries, not as many as saved");

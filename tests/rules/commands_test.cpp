@@ -56,7 +56,9 @@ TEST(Commands, HaveKeys)
     } cases[] = {
         {Key::backspace, none, view, Command::back},
         {Key::backspace, none, list, std::nullopt},
+        {Key::backspace, control, view, std::nullopt},
         {Key::left, alt, box, Command::back},
+        {Key::left, none, view, std::nullopt},
         {Key::home, alt, view, Command::home},
         {Key::home, none, list, std::nullopt},
         {Key::f5, none, view, Command::revert},
@@ -66,6 +68,7 @@ TEST(Commands, HaveKeys)
         {Key::up, control, list, Command::moveUp},
         {Key::down, control, list, Command::moveDown},
         {Key::down, control, box, std::nullopt},
+        {Key::down, none, list, std::nullopt},
         {Key::e, control, view, Command::edit},
         {Key::e, control, box, Command::normal},
         {Key::e, altGr, box, std::nullopt}, // writes a letter
