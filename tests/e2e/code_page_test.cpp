@@ -12,11 +12,6 @@ namespace nv::e2e
 namespace
 {
 
-// The controls of the edit panel.
-constexpr int kItems = 301;
-constexpr int kCaption = 303;
-constexpr int kCommand = 304;
-
 // Letters of a language in its code page. The second byte of the Japanese ones is "\". The system
 // has no other code page than UTF-8 for Hindi: a letter of two bytes, and those of three and four.
 struct Language {
@@ -119,21 +114,16 @@ protected:
         return entry;
     }
 
-    bool OpenPanel()
-    {
-        PressKey('E', {VK_CONTROL});
-        return Running().WaitForFocus("ListBox");
-    }
     // Selects an entry with the keyboard, and waits until a box holds what the entry says.
     bool Select(int index, int box, const std::string& text)
     {
-        Click(CentreOf(Running().Control(kItems)));
+        Click(CentreOf(Running().Control(kList)));
         PressKey(VK_HOME);
         for (int step = 0; step < index; ++step) {
             PressKey(VK_DOWN);
         }
         return Until([&] {
-            return SendMessageA(Running().Control(kItems), LB_GETCURSEL, 0, 0) == index &&
+            return SendMessageA(Running().Control(kList), LB_GETCURSEL, 0, 0) == index &&
                    TextOf(Running().Control(box)) == text;
         });
     }
@@ -209,13 +199,13 @@ TEST_F(CodePage, LinksReachWhatTheyName)
         SCOPED_TRACE(each.command);
         ASSERT_TRUE(ClickOn(Mark(mark++)));
         const auto record = WaitForRecord();
-        ASSERT_GE(record.size(), 2u) << Running().OnScreen();
+        ASSERT_GE(record.size(), 2u);
         EXPECT_TRUE(record[0].starts_with(quoted + " ")) << record[0];
         EXPECT_TRUE(record[0].ends_with(" " + each.argument)) << record[0];
         EXPECT_EQ(record[1], each.folder);
     }
     ASSERT_TRUE(ClickOn(Mark(mark)));
-    EXPECT_TRUE(WaitUntilLoaded(menu)) << Running().OnScreen();
+    EXPECT_TRUE(WaitUntilLoaded(menu));
 }
 
 TEST_F(CodePage, TellsAndCreatesWhatIsNotThere)
@@ -229,13 +219,13 @@ TEST_F(CodePage, TellsAndCreatesWhatIsNotThere)
     EXPECT_EQ(box->text,
               "File " + path + " does not exist.\n\nWould you like to create a new menu?");
     ASSERT_TRUE(program.Answer(*box, box->buttons.front())); // in the language
-    ASSERT_TRUE(WaitUntilLoaded(path)) << program.OnScreen();
+    ASSERT_TRUE(WaitUntilLoaded(path));
     EXPECT_NE(GetFileAttributesA(path.c_str()), INVALID_FILE_ATTRIBUTES);
     EXPECT_EQ(CountIn(Folder()), before + 1); // and no part of a name
     EXPECT_EQ(CountIn(folder), 1);
     EXPECT_EQ(Close(), 0u);
     SetSetting("Settings", "StartOpen", "2"); // the last menu
-    EXPECT_TRUE(Start().WaitForTitle(TitleOf(path))) << Running().OnScreen();
+    EXPECT_TRUE(Start().WaitForTitle(TitleOf(path)));
 
     const std::string gone = Path(one_ + "\\" + two_);
     const Program companion('"' + Path("NVSub.exe") + "\" \"" + gone + '"');
@@ -253,29 +243,26 @@ TEST_F(CodePage, KeepsWhatIsTyped)
     Entry link = In(kLink, one_ + language_.broken, "x.exe", 0);
     Entry label = In(kLabel, two_ + one_, "", 1);
     Open(WriteMenu(name, {link, label}));
-    ASSERT_TRUE(OpenPanel()) << Running().OnScreen();
-    ASSERT_TRUE(Select(1, kCaption, label.caption)) << Running().OnScreen();
+    ASSERT_TRUE(EnterEditMode());
+    ASSERT_TRUE(Select(1, kCaption, label.caption));
     TypeInto(kCaption, two_ + one_);
     label.caption += two_ + one_;
-    EXPECT_TRUE(Until([&] { return TextOf(Running().Control(kCaption)) == label.caption; }))
-        << Running().OnScreen();
-    ASSERT_TRUE(Select(0, kCommand, link.command)) << Running().OnScreen();
+    EXPECT_TRUE(WaitForText(Running().Control(kCaption), label.caption));
+    ASSERT_TRUE(Select(0, kCommand, link.command));
     if (!language_.broken.empty()) {
         TypeInto(kCaption, one_); // cannot be edited: the box would lose those bytes
     }
     TypeInto(kCommand, " " + one_ + two_);
     link.command += " " + one_ + two_;
     PressKey('S', {VK_CONTROL});
-    EXPECT_TRUE(Until([&] {
-        return Contents(Path(name)) == MenuOf({link, label});
-    })) << Running().OnScreen();
+    EXPECT_TRUE(Until([&] { return Contents(Path(name)) == MenuOf({link, label}); }));
     EXPECT_EQ(Close(), 0u); // asks nothing: all is saved
 
     Program& program = Open(Path(name));
     EXPECT_TRUE(Shows(program.View(), Drawn(label.caption, 16, Mark(1))));
-    ASSERT_TRUE(OpenPanel()) << program.OnScreen();
-    EXPECT_TRUE(Select(1, kCaption, label.caption)) << program.OnScreen();
-    EXPECT_TRUE(Select(0, kCommand, link.command)) << program.OnScreen();
+    ASSERT_TRUE(EnterEditMode());
+    EXPECT_TRUE(Select(1, kCaption, label.caption));
+    EXPECT_TRUE(Select(0, kCommand, link.command));
 }
 
 } // namespace nv::e2e

@@ -82,12 +82,12 @@ bool Until(const std::function<bool()>& condition, DWORD within)
 
 // A program
 
-Program::Program(const std::string& command, WORD show)
+Program::Program(const std::string& command)
 {
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
-    startup.wShowWindow = show;
+    startup.wShowWindow = SW_SHOWNORMAL;
     std::string line = command;
     if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
                         nullptr, &startup, &process_)) {
@@ -267,7 +267,7 @@ bool Program::Answer(const Box& box, const std::string& button) const
         return false;
     }
     Click(CentreOf(child));
-    return Until([&] { return !IsWindow(box.window); });
+    return WaitUntilGone(box.window);
 }
 
 HWND Program::WaitForDialog(const std::string& title) const
@@ -299,7 +299,7 @@ std::optional<DWORD> Program::Close(DWORD within)
     for (const HWND window : TopWindows()) {
         if (ClassOf(window) == kBoxClass) {
             PostMessageA(window, WM_CLOSE, 0, 0);
-            Until([&] { return !IsWindow(window); });
+            WaitUntilGone(window);
         }
     }
     PostMessageA(WindowNow(), WM_SYSCOMMAND, SC_CLOSE, 0);
@@ -485,16 +485,6 @@ void Picture::Take(HDC from, POINT origin)
     }
 }
 
-COLORREF Picture::At(int x, int y) const
-{
-    if (x < 0 || y < 0 || x >= width_ || y >= height_) {
-        return CLR_INVALID;
-    }
-    const DWORD pixel = pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
-                                static_cast<std::size_t>(x)];
-    return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
-}
-
 std::optional<POINT> Picture::Find(COLORREF color) const
 {
     const DWORD wanted =
@@ -572,6 +562,16 @@ std::string TextOf(HWND window)
         return {};
     }
     return text;
+}
+
+bool WaitForText(HWND window, const std::string& text)
+{
+    return Until([&] { return TextOf(window) == text; });
+}
+
+bool WaitUntilGone(HWND window)
+{
+    return Until([&] { return !IsWindow(window); });
 }
 
 std::string ClassOf(HWND window)

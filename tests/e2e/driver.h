@@ -33,8 +33,8 @@ struct Box {
 class Program
 {
 public:
-    // command: the whole command line. show: as in STARTUPINFO. Throws when it does not start.
-    explicit Program(const std::string& command, WORD show = SW_SHOWNORMAL);
+    // command: the whole command line. Throws when it does not start.
+    explicit Program(const std::string& command);
     // Takes over the program whose main window comes up, whoever started it. Throws when none does.
     Program();
     ~Program();
@@ -77,7 +77,7 @@ public:
     // Closes the main window as its close button does, and waits for the end. A dialog that is
     // shown is closed before.
     std::optional<DWORD> Close(DWORD within = kDeadline);
-    // What the program shows, for the report of a failed test.
+    // What the program shows; Stage prints it at the end of a test that failed.
     std::string OnScreen() const;
 
 private:
@@ -122,9 +122,6 @@ public:
     Picture(SIZE size, const std::function<void(HDC)>& draw);
     // A text as a program draws it, in bold Tahoma; points at 96 dpi.
     static Picture OfText(const std::wstring& text, int points, BYTE charset, COLORREF color);
-    int Width() const { return width_; }
-    int Height() const { return height_; }
-    COLORREF At(int x, int y) const;
     // A pixel of exactly that colour, the topmost one; in the client area.
     std::optional<POINT> Find(COLORREF color) const;
     bool Contains(const Picture& part) const;
@@ -152,6 +149,8 @@ std::vector<HWND> TopWindowsOf(DWORD process);
 // The window with the keyboard among those of its thread.
 HWND FocusOf(HWND window);
 std::string TextOf(HWND window);
+bool WaitForText(HWND window, const std::string& text);
+bool WaitUntilGone(HWND window);
 std::string ClassOf(HWND window);
 RECT PlaceOf(HWND window);
 

@@ -7,13 +7,6 @@
 namespace nv::e2e
 {
 
-namespace
-{
-
-enum Control { kList = 301, kType, kCaption, kCommand };
-
-} // namespace
-
 class Editor : public Stage
 {
 protected:
@@ -34,8 +27,7 @@ protected:
     Program& Edit(const std::string& path)
     {
         Program& program = Open(path);
-        PressKey('E', {VK_CONTROL});
-        EXPECT_TRUE(program.WaitForFocus("ListBox")) << program.OnScreen();
+        EXPECT_TRUE(EnterEditMode());
         return program;
     }
     LRESULT Count() { return Ask(kList, LB_GETCOUNT); }
@@ -44,15 +36,9 @@ protected:
     {
         return SendMessageA(Running().Control(control), message, 0, 0);
     }
-    static std::string QuestionAbout(const std::string& path)
+    bool WaitForBoxText(PanelControl box, const std::string& text)
     {
-        return "Do you want to save the changes you made to \n\n" + path + "?";
-    }
-    std::string Caption() { return TextOf(Running().Control(kCaption)); }
-    std::string Command() { return TextOf(Running().Control(kCommand)); }
-    bool WaitForCaption(const std::string& caption)
-    {
-        return Until([&] { return Caption() == caption; });
+        return WaitForText(Running().Control(box), text);
     }
     bool WaitForMode(bool editing)
     {
@@ -60,6 +46,12 @@ protected:
             return (IsWindowVisible(Running().Panel()) != 0) == editing &&
                    (IsWindowVisible(Running().View()) != 0) != editing;
         });
+    }
+    // Removes the selected entry of two.
+    void RemoveOne()
+    {
+        PressKey(VK_DELETE);
+        EXPECT_TRUE(Until([&] { return Count() == 1; }));
     }
     // Saves with Ctrl+S; what the file then holds.
     std::string Saved(const std::string& path)
@@ -77,24 +69,24 @@ TEST_F(Editor, ShowsWhatIsEditedAndComesBackToItsPlace)
     EXPECT_EQ(Count(), 3);
     EXPECT_EQ(Selected(), 0);
     PressKey(VK_DOWN);
-    EXPECT_TRUE(WaitForCaption("two"));
-    EXPECT_EQ(Command(), "two.exe");
+    EXPECT_TRUE(WaitForBoxText(kCaption, "two"));
+    EXPECT_TRUE(WaitForBoxText(kCommand, "two.exe"));
     EXPECT_EQ(Ask(kType, CB_GETCURSEL), kLink);
     // A caption of two lines, typed.
     SetForegroundWindow(program.Window());
     Click(CentreOf(program.Control(kCaption)));
     PressKey('A', {VK_CONTROL});
     Type("recorder\rmore");
-    EXPECT_TRUE(WaitForCaption("recorder\r\nmore")) << Caption();
+    EXPECT_TRUE(WaitForBoxText(kCaption, "recorder\r\nmore"));
     PressKey(VK_TAB); // leaves the box
-    EXPECT_TRUE(program.WaitForFocus("Insert Path")) << program.OnScreen();
+    EXPECT_TRUE(program.WaitForFocus("Insert Path"));
     PressKey('E', {VK_CONTROL});
     ASSERT_TRUE(WaitForMode(false));
     EXPECT_EQ(program.Focus(), "NavrixMenuView");
-    PressKey('E', {VK_CONTROL});
+    EXPECT_TRUE(EnterEditMode());
     ASSERT_TRUE(WaitForMode(true));
     EXPECT_EQ(Selected(), 1);
-    EXPECT_TRUE(WaitForCaption("recorder\r\nmore"));
+    EXPECT_TRUE(WaitForBoxText(kCaption, "recorder\r\nmore"));
     std::vector<Entry> expected = Links({"one", "two", "three"});
     expected[1].caption = "recorder\x01more";
     EXPECT_EQ(Saved(Path("Start.nvm")), MenuOf(expected));
@@ -102,11 +94,9 @@ TEST_F(Editor, ShowsWhatIsEditedAndComesBackToItsPlace)
 
 TEST_F(Editor, KeepsTheKeyboardWhenTheMenuIsReadAgain)
 {
-    std::vector<std::string> captions(60, "recorder");
-    Program& program = Open(WriteLinks("Start.nvm", captions));
+    Program& program = Open(WriteLinks("Start.nvm", std::vector<std::string>(60, "recorder")));
     PressKey(VK_END); // scrolls, and a new menu scrolls back
-    PressKey('E', {VK_CONTROL});
-    ASSERT_TRUE(WaitForMode(true));
+    EXPECT_TRUE(EnterEditMode());
     PressKey(VK_F5);
     EXPECT_TRUE(Until([&] { return Selected() == LB_ERR && Count() == 60; }));
     EXPECT_EQ(program.Focus(), "ListBox");
@@ -114,7 +104,7 @@ TEST_F(Editor, KeepsTheKeyboardWhenTheMenuIsReadAgain)
     EXPECT_TRUE(Until([&] { return Selected() == 0; }));
 }
 
-TEST_F(Editor, KeysOfTheList)
+TEST_F(Editor, KeysAndButtonsOfTheList)
 {
     const std::string path = WriteLinks("Start.nvm", {"a", "b", "c", "d"});
     Edit(path);
@@ -132,9 +122,9 @@ TEST_F(Editor, KeysOfTheList)
     Click(CentreOf(Running().Control(kCommand)));
     PressKey(VK_END);
     Type(" x y");
-    EXPECT_TRUE(Until([&] { return Command() == "a.exe x y"; })) << Command();
+    EXPECT_TRUE(WaitForBoxText(kCommand, "a.exe x y"));
     PressKey('Z', {VK_CONTROL});
-    EXPECT_TRUE(Until([&] { return Command() == "a.exe"; })) << Command();
+    EXPECT_TRUE(WaitForBoxText(kCommand, "a.exe"));
     PressKey(VK_DELETE); // deletes text, if anything
     expect("typing undone", {"a", "b", "c", "d"}, 0);
     ASSERT_TRUE(ClickButton("Insert New"));
@@ -144,71 +134,49 @@ TEST_F(Editor, KeysOfTheList)
     expect("remove", {"a", "b", "c", "d"}, 2);
 }
 
-TEST_F(Editor, AsksBeforeChangesAreLost)
-{
-    const std::string start = WriteLinks("Start.nvm", {"a", "b"});
-    Program& program = Edit(start);
-    const auto removeOne = [&] {
-        PressKey(VK_DELETE);
-        EXPECT_TRUE(Until([&] { return Count() == 1; }));
-    };
-    const auto answer = [&](const char* button) {
-        ExpectBox(QuestionAbout(start), BoxIcon::question, {"Yes", "No", "Cancel"}, button);
-    };
-    removeOne();
-    PressKey('E', {VK_CONTROL}); // shows the changes, which is not saving them
-    ASSERT_TRUE(WaitForMode(false));
-    ASSERT_TRUE(ClickButton("Home"));
-    answer("Cancel");
-    EXPECT_TRUE(WaitForMenu(start)) << program.OnScreen();
-    ASSERT_TRUE(ClickButton("Revert"));
-    answer("No");
-    PressKey('E', {VK_CONTROL});
-    EXPECT_TRUE(program.WaitForFocus("ListBox")) << program.OnScreen();
-    EXPECT_EQ(Count(), 2);
-    EXPECT_EQ(Contents(start), MenuOf(Links({"a", "b"})));
-    removeOne();
-    for (const char* button : {"Cancel", "Yes"}) {
-        PostMessageA(program.Window(), WM_CLOSE, 0, 0);
-        answer(button);
-    }
-    EXPECT_EQ(program.ExitCode(), 0u);
-    EXPECT_EQ(Contents(start), MenuOf(Links({"b"})));
-}
-
-// Files that another program has open: told, and nothing is lost.
-TEST_F(Editor, KeepsTheEditsWhenFilesAreRefused)
+TEST_F(Editor, KeepsTheEditsUntilTheUserGivesThemUp)
 {
     const std::string start = WriteLinks("Start.nvm", {"a", "b"});
     const std::string home = WriteLinks("Home.nvm", {"h"});
+    const std::string before = Contents(start);
     SetSetting("Settings", "Home", home);
     Program& program = Edit(start);
-    PressKey(VK_DELETE);
-    EXPECT_TRUE(Until([&] { return Count() == 1; }));
-    const auto expectRefusal = [&](const std::string& message) {
-        char reason[256] = "";
-        FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, ERROR_SHARING_VIOLATION, 0, reason,
-                       sizeof reason, nullptr);
-        const std::string text = message + "\n\n" + reason;
-        ExpectBox(text.substr(0, text.size() - 2), BoxIcon::stop); // without the line end
-        EXPECT_TRUE(WaitForMenu(start) && Count() == 1) << program.OnScreen();
-    };
+    RemoveOne();
+    // Files that another program has open: told, and nothing is lost.
     const auto hold = [](const std::string& path) {
         return CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    };
+    const auto expectRefusal = [&](const std::string& message) {
+        ExpectBox(message + "\n\n" + ReasonOf(ERROR_SHARING_VIOLATION), BoxIcon::stop);
+        EXPECT_TRUE(WaitForMenu(start) && Count() == 1);
     };
     HANDLE held = hold(start);
     PressKey('S', {VK_CONTROL});
     expectRefusal("Cannot save:\n\n" + start);
     CloseHandle(held);
-    EXPECT_EQ(Contents(start), MenuOf(Links({"a", "b"})));
+    EXPECT_EQ(Contents(start), before);
+    PressKey('E', {VK_CONTROL}); // shows the changes, which is not saving them
+    ASSERT_TRUE(WaitForMode(false));
     held = hold(home);
     ASSERT_TRUE(ClickButton("Home"));
-    ExpectBox(QuestionAbout(start), BoxIcon::question, {"Yes", "No", "Cancel"}, "No");
+    ExpectSaveQuestion(start, "No");
     expectRefusal("Cannot open:\n\n" + home);
     CloseHandle(held);
-    EXPECT_EQ(Saved(start), MenuOf(Links({"b"})));
     ASSERT_TRUE(ClickButton("Home"));
-    EXPECT_TRUE(WaitForMenu(home)) << program.OnScreen();
+    ExpectSaveQuestion(start, "Cancel");
+    EXPECT_TRUE(WaitForMenu(start));
+    ASSERT_TRUE(ClickButton("Revert"));
+    ExpectSaveQuestion(start, "No");
+    EXPECT_TRUE(EnterEditMode());
+    EXPECT_EQ(Count(), 2);
+    EXPECT_EQ(Contents(start), before);
+    RemoveOne();
+    for (const char* button : {"Cancel", "Yes"}) {
+        PostMessageA(program.Window(), WM_CLOSE, 0, 0);
+        ExpectSaveQuestion(start, button);
+    }
+    EXPECT_EQ(program.ExitCode(), 0u);
+    EXPECT_EQ(Contents(start), MenuOf(Links({"b"})));
 }
 
 TEST_F(Editor, BrowseAndFontPickers)
@@ -217,7 +185,7 @@ TEST_F(Editor, BrowseAndFontPickers)
     Program& program = Edit(path);
     ASSERT_TRUE(ClickButton("Browse"));
     const HWND picker = program.WaitForDialog("Browse");
-    ASSERT_NE(picker, nullptr) << program.OnScreen();
+    ASSERT_NE(picker, nullptr);
     const std::string chosen = Path("recorder.exe");
     EXPECT_TRUE(Until([&] {
         const HWND name = GetDlgItem(picker, 0x47c);
@@ -228,19 +196,19 @@ TEST_F(Editor, BrowseAndFontPickers)
     const RECT label = PlaceOf(GetWindow(GetDlgItem(picker, 0x47c), GW_HWNDPREV));
     PressMouse({label.left + 2, label.top + 2});
     PostMessageA(picker, WM_COMMAND, IDOK, 0);
-    EXPECT_TRUE(Until([&] { return !IsWindow(picker); }));
+    EXPECT_TRUE(WaitUntilGone(picker));
     MoveMouse(CentreOf(program.Button("Insert New")));
     ReleaseMouse(CentreOf(program.Button("Insert New")));
     const std::string quoted = '"' + chosen + '"';
     // The caret stood before what was there.
-    EXPECT_TRUE(Until([&] { return Command() == quoted + "a.exe"; })) << Command();
+    EXPECT_TRUE(WaitForBoxText(kCommand, quoted + "a.exe"));
     EXPECT_EQ(Count(), 1);
     PressKey('Z', {VK_CONTROL});
-    EXPECT_TRUE(Until([&] { return Command() == "a.exe"; })) << Command();
+    EXPECT_TRUE(WaitForBoxText(kCommand, "a.exe"));
 
     ASSERT_TRUE(ClickButton("Change Font..."));
     const HWND fonts = program.WaitForDialog("Font");
-    ASSERT_NE(fonts, nullptr) << program.OnScreen();
+    ASSERT_NE(fonts, nullptr);
     PostMessageA(fonts, WM_COMMAND, IDOK, 0);
     EXPECT_TRUE(Until([&] { return !IsWindow(fonts) && IsWindowEnabled(program.Window()); }));
     EXPECT_EQ(Saved(path), MenuOf(Links({"a"})));
@@ -253,11 +221,8 @@ TEST_F(Editor, EverythingHasItsPlaceAtEverySize)
         SetWindowPos(program.Window(), nullptr, 0, 0, size.cx, size.cy, SWP_NOZORDER);
         ASSERT_TRUE(program.Answers());
         const RECT panel = PlaceOf(program.Panel());
-        std::vector<HWND> children;
-        for (HWND child = GetWindow(program.Panel(), GW_CHILD); child != nullptr;
-             child = GetWindow(child, GW_HWNDNEXT)) {
-            children.push_back(child);
-        }
+        std::vector<HWND> children = ChildrenOf(program.Panel());
+        std::erase_if(children, [&](HWND child) { return GetParent(child) != program.Panel(); });
         for (std::size_t index = 0; index < children.size(); ++index) {
             const RECT place = PlaceOf(children[index]);
             RECT common = {};

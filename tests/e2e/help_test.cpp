@@ -73,9 +73,11 @@ private:
 class FakeBrowser
 {
 public:
-    explicit FakeBrowser(const std::string& command) : before_(Default(".html"))
+    explicit FakeBrowser(const std::string& command)
     {
-        SetDefault("navrix.page\\shell\\open\\command", command);
+        DWORD size = sizeof before_;
+        RegGetValueA(HKEY_CLASSES_ROOT, ".html", "", RRF_RT_REG_SZ, nullptr, before_, &size);
+        SetDefault("navrix.page\\shell\\open\\command", command.c_str());
         SetDefault(".html", "navrix.page");
     }
     ~FakeBrowser()
@@ -87,21 +89,12 @@ public:
     FakeBrowser& operator=(const FakeBrowser&) = delete;
 
 private:
-    static std::string Default(const char* key)
+    static void SetDefault(const char* key, const char* value)
     {
-        char value[260] = "";
-        DWORD size = sizeof value;
-        RegGetValueA(HKEY_CLASSES_ROOT, key, "", RRF_RT_REG_SZ, nullptr, value, &size);
-        return value;
-    }
-    static void SetDefault(const char* key, const std::string& value)
-    {
-        EXPECT_EQ(RegSetKeyValueA(HKEY_CLASSES_ROOT, key, "", REG_SZ, value.c_str(),
-                                  static_cast<DWORD>(value.size() + 1)),
-                  ERROR_SUCCESS);
+        EXPECT_EQ(RegSetValueA(HKEY_CLASSES_ROOT, key, REG_SZ, value, 0), ERROR_SUCCESS);
     }
 
-    std::string before_;
+    char before_[260] = "";
 };
 
 class Help : public Stage
@@ -145,15 +138,7 @@ TEST_F(Help, TellsThatTheViewerRefuses)
     Program& program = Open(WriteMenu("Start.nvm", {}));
     ASSERT_TRUE(ClickButton("Help"));
     EXPECT_EQ(viewer.WaitForRequest().command, HELP_KEY);
-    const auto box = program.WaitForBox();
-    ASSERT_TRUE(box);
-    char reason[256] = "";
-    FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS |
-                       FORMAT_MESSAGE_MAX_WIDTH_MASK,
-                   nullptr, ERROR_CAN_NOT_COMPLETE, 0, reason, sizeof reason, nullptr);
-    EXPECT_EQ(box->text + " ", reason);
-    EXPECT_EQ(box->icon, BoxIcon::none);
-    EXPECT_TRUE(program.Answer(*box, "OK"));
+    ExpectBox(ReasonOf(ERROR_CAN_NOT_COMPLETE), BoxIcon::none);
     PostMessageA(program.Window(), WM_CLOSE, 0, 0);
     EXPECT_EQ(viewer.WaitForRequest().command, HELP_QUIT);
     EXPECT_EQ(program.ExitCode(), 0u);
@@ -173,15 +158,14 @@ TEST_F(Help, OpensPagesInTheBrowser)
     Write("Help\\editing.html", "");
     EXPECT_TRUE(Running().WaitForFocus("NavrixMenuView"));
     EXPECT_TRUE(Opens("index.html"));
-    PressKey('E', {VK_CONTROL});
-    EXPECT_TRUE(Running().WaitForFocus("ListBox"));
+    EXPECT_TRUE(EnterEditMode());
     EXPECT_TRUE(Opens("editing.html"));
     ASSERT_TRUE(ClickButton("Options"));
     const HWND options = program.WaitForDialog("Options");
     EXPECT_TRUE(Running().WaitForFocus("Button"));
     EXPECT_TRUE(Opens("index.html"));
     PressKey(VK_ESCAPE);
-    EXPECT_TRUE(Until([&] { return IsWindow(options) == FALSE; }));
+    EXPECT_TRUE(WaitUntilGone(options));
 
     const std::string other = WriteMenu("Locked.nvm", {{kLink, "One", Recorder("one")}});
     Start('"' + other + "\" /l");
@@ -189,9 +173,7 @@ TEST_F(Help, OpensPagesInTheBrowser)
     EXPECT_TRUE(Running().WaitForFocus("NavrixMenuView"));
     PressKey(VK_F1);
     PressKey(VK_RETURN);
-    const auto record = WaitForRecord(); // F1 would have been the first
-    ASSERT_FALSE(record.empty());
-    EXPECT_EQ(record[0].substr(record[0].rfind(' ') + 1), "one");
+    EXPECT_EQ(WaitForRecordedWord(), "one"); // F1 would have been the first
 }
 
 // The file that was made, in a viewer that reads such files.

@@ -22,7 +22,7 @@ protected:
         SCOPED_TRACE(name);
         const std::string path = Write(name + ".nvm", content);
         Program& program = Start('"' + path + '"');
-        ASSERT_TRUE(WaitUntilLoaded(path, 30000)) << program.OnScreen();
+        ASSERT_TRUE(WaitUntilLoaded(path, 30000));
         const HWND view = program.View();
         if (good) {
             ASSERT_TRUE(WaitForColor(view, Mark(kMark))) << "it is not painted";
@@ -31,22 +31,22 @@ protected:
         MoveMouse(middle);
         for (const int key : {VK_NEXT, VK_NEXT, VK_END, VK_UP, VK_HOME, VK_DOWN, VK_DOWN}) {
             PressKey(static_cast<WORD>(key));
-            ASSERT_TRUE(program.Answers(10000)) << "key " << key << "\n" << program.OnScreen();
+            ASSERT_TRUE(program.Answers(10000)) << "key " << key << "\n";
         }
         TurnWheel(middle, -2);
-        ASSERT_TRUE(program.Answers(10000)) << program.OnScreen();
+        ASSERT_TRUE(program.Answers(10000));
         SetWindowPos(program.Window(), nullptr, 0, 0, 900, 700, SWP_NOMOVE | SWP_NOZORDER);
-        ASSERT_TRUE(program.Answers(10000)) << program.OnScreen();
+        ASSERT_TRUE(program.Answers(10000));
         // Whatever stands there.
         Click(middle);
         PressKey(VK_RETURN);
-        ASSERT_TRUE(program.Answers(10000)) << program.OnScreen();
+        ASSERT_TRUE(program.Answers(10000));
         if (good) {
             PressKey(VK_HOME);
             ASSERT_TRUE(ClickOn(Mark(kMark)));
             EXPECT_FALSE(WaitForRecord().empty()) << "a good link does nothing any more";
         }
-        EXPECT_EQ(program.Close(), 0u) << program.OnScreen();
+        EXPECT_EQ(program.Close(), 0u);
     }
 };
 

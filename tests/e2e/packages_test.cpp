@@ -1,7 +1,6 @@
 // What a user downloads: installed, used and removed again, it leaves nothing behind.
 #include "e2e/stage.h"
 
-#include <shellapi.h>
 #include <shlobj.h>
 
 #include <map>
@@ -96,14 +95,6 @@ protected:
             .ExitCode(kSetupTime);
     }
     std::optional<DWORD> Install() const { return InstallIn(home_); }
-    void OpenInShell(const std::string& path)
-    {
-        const HINSTANCE result =
-            ShellExecuteA(nullptr, "open", path.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-        ASSERT_GT(reinterpret_cast<INT_PTR>(result), 32);
-        TakeOver();
-    }
-
     Packages() : Stage("program") {}
     void SetUp() override
     {
@@ -129,22 +120,17 @@ TEST_F(Packages, InstallRunAndUninstall)
         EXPECT_EQ(GetFileAttributesA((home_ + "\\Samples\\Looks.nvm").c_str()) &
                       FILE_ATTRIBUTE_DIRECTORY,
                   0u);
-        OpenInShell(home_ + "\\NVMenu.exe");
-        EXPECT_TRUE(WaitUntilLoaded(home_ + "\\Start.nvm")) << Running().OnScreen();
+        OpenInShell(home_ + "\\NVMenu.exe", home_ + "\\Start.nvm");
         EXPECT_EQ(Install(), 2u); // not over a program that runs
         EXPECT_EQ(Close(), 0u);
-        OpenInShell(mine);
-        EXPECT_TRUE(WaitUntilLoaded(mine)) << Running().OnScreen();
+        OpenInShell(mine, mine);
         EXPECT_EQ(Close(), 0u);
 
         Contents left = files;
         if (changed) {
             left[Path("apps")] = left[home_] = left[home_ + "\\Samples"] = "a folder";
             for (const char* name : {"\\Mine.nvm", "\\Samples\\Looks.nvm"}) {
-                std::FILE* file = std::fopen((home_ + name).c_str(), "wb");
-                ASSERT_NE(file, nullptr);
-                std::fputs("mine", file);
-                std::fclose(file);
+                Write("apps\\menu" + std::string(name), "mine");
                 left[home_ + name] = "4";
             }
             ASSERT_EQ(Install(), 0u); // an update keeps them as well

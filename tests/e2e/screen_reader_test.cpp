@@ -219,7 +219,7 @@ TEST_F(ScreenReader, OpensLinksByTheirDefaultAction)
     const Reader view(program.View());
     EXPECT_EQ(view.Act(2), S_OK);
     const auto record = WaitForRecord();
-    ASSERT_FALSE(record.empty()) << program.OnScreen();
+    ASSERT_FALSE(record.empty());
     EXPECT_EQ(record[0].substr(record[0].rfind(' ') - 2), "by name");
     // The call does not wait for the box that the start brings, and none goes past the box.
     EXPECT_EQ(view.Act(3), S_OK);
@@ -228,7 +228,7 @@ TEST_F(ScreenReader, OpensLinksByTheirDefaultAction)
     EXPECT_EQ(view.Act(2), E_ACCESSDENIED);
     EXPECT_TRUE(program.Answer(*box, "No"));
     EXPECT_EQ(view.Act(4), S_OK);
-    ASSERT_TRUE(WaitUntilLoaded(other)) << program.OnScreen();
+    ASSERT_TRUE(WaitUntilLoaded(other));
     EXPECT_FALSE(HasRecord());
     // What was held stands for the menu that is open now.
     EXPECT_EQ(view.Count(), 1);
@@ -244,7 +244,7 @@ TEST_F(ScreenReader, KnowsButtonsAndFieldsOfBothModes)
         EXPECT_EQ(Reader(program.Button(button)).Act(), S_OK);
         return program.WaitForFocus(focus);
     };
-    ASSERT_TRUE(switchBy("Edit", "ListBox")) << program.OnScreen();
+    ASSERT_TRUE(switchBy("Edit", "ListBox"));
     for (const char* caption : {"Home", "Edit", "Insert New"}) {
         SCOPED_TRACE(caption);
         const Reader button(program.Button(caption));
@@ -257,10 +257,10 @@ TEST_F(ScreenReader, KnowsButtonsAndFieldsOfBothModes)
     }
     const Reader insert(program.Button("Insert New"));
     const Reader list(program.Control(301));
-    ASSERT_TRUE(switchBy("Normal", "NavrixMenuView")) << program.OnScreen();
+    ASSERT_TRUE(switchBy("Normal", "NavrixMenuView"));
     EXPECT_EQ(insert.Act(), E_ACCESSDENIED);
     EXPECT_TRUE(list.Has(STATE_SYSTEM_INVISIBLE));
-    ASSERT_TRUE(switchBy("Edit", "ListBox")) << program.OnScreen();
+    ASSERT_TRUE(switchBy("Edit", "ListBox"));
     EXPECT_TRUE(insert.Has(STATE_SYSTEM_FOCUSABLE));
     EXPECT_EQ(list.Name(), L"Entries");
     EXPECT_EQ(list.Role(), ROLE_SYSTEM_LIST);

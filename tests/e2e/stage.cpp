@@ -1,6 +1,9 @@
 #include "e2e/stage.h"
 
+#include <shellapi.h>
+
 #include <cstdio>
+#include <cstring>
 
 namespace nv::e2e
 {
@@ -45,6 +48,15 @@ std::string MenuOf(const std::vector<Entry>& entries)
         menu += LineOf(entry) + "\r\n";
     }
     return menu;
+}
+
+std::string ReasonOf(DWORD error)
+{
+    char reason[256] = "";
+    FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS |
+                       FORMAT_MESSAGE_MAX_WIDTH_MASK,
+                   nullptr, error, 0, reason, sizeof reason, nullptr);
+    return std::string(reason).substr(0, std::strlen(reason) - 1); // ends with a blank
 }
 
 void Stage::SetUp()
@@ -93,6 +105,12 @@ std::string Stage::Recorder(const std::string& arguments) const
     return arguments.empty() ? "recorder.exe" : "recorder.exe " + arguments;
 }
 
+std::string Stage::WaitForRecordedWord() const
+{
+    const auto record = WaitForRecord();
+    return record.empty() ? "no record" : record[0].substr(record[0].rfind(' ') + 1);
+}
+
 bool Stage::HasRecord() const
 {
     return GetFileAttributesA(Path("record").c_str()) != INVALID_FILE_ATTRIBUTES;
@@ -119,14 +137,14 @@ std::optional<std::string> Stage::Setting(const std::string& section, const std:
     return value;
 }
 
-Program& Stage::Start(const std::string& arguments, WORD show)
+Program& Stage::Start(const std::string& arguments)
 {
     program_.reset();
     std::string command = '"' + Path("NVMenu.exe") + '"';
     if (!arguments.empty()) {
         command += ' ' + arguments;
     }
-    program_ = std::make_unique<Program>(command, show);
+    program_ = std::make_unique<Program>(command);
     return *program_;
 }
 
@@ -137,11 +155,14 @@ Program& Stage::Open(const std::string& path)
     return *program_;
 }
 
-Program& Stage::TakeOver()
+void Stage::OpenInShell(const std::string& file, const std::string& menu)
 {
     program_.reset();
+    const HINSTANCE result =
+        ShellExecuteA(nullptr, "open", file.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    ASSERT_GT(reinterpret_cast<INT_PTR>(result), 32);
     program_ = std::make_unique<Program>();
-    return *program_;
+    EXPECT_TRUE(WaitUntilLoaded(menu));
 }
 
 void Stage::ExpectBox(const std::string& text, BoxIcon icon,
@@ -157,9 +178,16 @@ void Stage::ExpectBox(const std::string& text, BoxIcon icon,
     EXPECT_TRUE(program_->Answer(*box, answer.empty() ? buttons.front() : answer));
 }
 
-std::optional<DWORD> Stage::Close()
+void Stage::ExpectSaveQuestion(const std::string& path, const std::string& answer)
 {
-    return program_->Close();
+    ExpectBox("Do you want to save the changes you made to \n\n" + path + "?", BoxIcon::question,
+              {"Yes", "No", "Cancel"}, answer);
+}
+
+bool Stage::EnterEditMode()
+{
+    PressKey('E', {VK_CONTROL});
+    return program_->WaitForFocus("ListBox");
 }
 
 bool Stage::ClickOn(COLORREF color)

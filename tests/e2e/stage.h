@@ -15,6 +15,12 @@ namespace nv::e2e
 
 enum EntryType { kTitle = 1, kLabel = 2, kLink = 3, kSpace = 4, kLine = 5 };
 
+// The controls of the edit panel.
+enum PanelControl { kList = 301, kType, kCaption, kCommand };
+
+// What the system says of an error, as the program shows it.
+std::string ReasonOf(DWORD error);
+
 // The colour by which the tests find a link on the screen. Red is lower than in any mixture with
 // the background, so that no edge of a letter is taken for another link.
 constexpr COLORREF Mark(int number)
@@ -57,6 +63,8 @@ protected:
     // The record of the recorder that was started since the last call: command line, folder, title,
     // show state. Empty when none came.
     std::vector<std::string> WaitForRecord() const { return TakeRecord(Path("record")); }
+    // The last word of that command line.
+    std::string WaitForRecordedWord() const;
     bool HasRecord() const;
 
     static void SetSetting(const std::string& section, const std::string& name,
@@ -65,17 +73,21 @@ protected:
     static std::optional<std::string> Setting(const std::string& section, const std::string& name);
 
     // Starts the program with arguments, as they stand after its name.
-    Program& Start(const std::string& arguments = "", WORD show = SW_SHOWNORMAL);
+    Program& Start(const std::string& arguments = "");
     // Starts the program with a menu, and waits until it is open.
     Program& Open(const std::string& path);
-    // Takes over the program that somebody else has just started.
-    Program& TakeOver();
+    // Lets the shell open a menu, which starts the program, and waits until that is open.
+    void OpenInShell(const std::string& file, const std::string& menu);
     Program& Running() { return *program_; }
     // Waits for a message box, which must be so, and presses the button answer, or the only one.
     void ExpectBox(const std::string& text, BoxIcon icon,
                    const std::vector<std::string>& buttons = {"OK"}, std::string answer = "");
+    // Waits for the question whether to save the changes of a menu, and answers it.
+    void ExpectSaveQuestion(const std::string& path, const std::string& answer);
+    // Switches to edit mode, and waits until its list has the keyboard.
+    bool EnterEditMode();
     // Ends the running program as the user does; its exit code.
-    std::optional<DWORD> Close();
+    std::optional<DWORD> Close() { return program_->Close(); }
     // Clicks on what stands in the view in that colour.
     bool ClickOn(COLORREF color);
     bool ClickButton(const std::string& caption);

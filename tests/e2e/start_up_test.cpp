@@ -1,4 +1,5 @@
-// The start: the companion, the menu to open, the command line, and what the user is asked.
+// The start: the companion, the menu to open, the command line, what the user is asked, and the
+// shell, which sees to it that menu files belong to the program.
 #include "e2e/stage.h"
 
 namespace nv::e2e
@@ -10,7 +11,7 @@ protected:
     // Once a message was answered there is the dialog, and no menu is open.
     void ExpectOpenDialog()
     {
-        EXPECT_NE(Running().WaitForDialog("Open Navrix Menu"), nullptr) << Running().OnScreen();
+        EXPECT_NE(Running().WaitForDialog("Open Navrix Menu"), nullptr);
         EXPECT_EQ(Running().Title(), kPlainTitle);
     }
 };
@@ -32,6 +33,10 @@ TEST_F(StartUp, EndsWhenTheCompanionIsMissing)
 
 TEST_F(StartUp, ChoosesTheMenuFromTheSettings)
 {
+    Start(); // before there is any menu
+    ExpectOpenDialog();
+    EXPECT_FALSE(IsWindowEnabled(Running().Button("Home")));
+    EXPECT_FALSE(IsWindowEnabled(Running().Button("Revert")));
     const std::string first = WriteMenu("First.nvm", {});
     const std::string home = WriteMenu("Second home.nvm", {});
     const std::string last = WriteMenu("Third.nvm", {});
@@ -51,88 +56,77 @@ TEST_F(StartUp, ChoosesTheMenuFromTheSettings)
         }
         SetSetting("Settings", "Home", each.home);
         SetSetting("Settings", "Last", last);
-        Program& program = Start();
-        ASSERT_NE(program.Window(), nullptr);
+        Start();
         if (each.opened.empty()) {
             ExpectOpenDialog();
             EXPECT_EQ(Setting("Settings", "Last"), last);
         } else {
-            EXPECT_TRUE(WaitUntilLoaded(each.opened)) << program.OnScreen();
+            EXPECT_TRUE(WaitUntilLoaded(each.opened));
         }
     }
-}
-
-TEST_F(StartUp, WithoutAnyMenuHomeIsNotToBeHad)
-{
-    Program& program = Start();
-    ExpectOpenDialog();
-    EXPECT_FALSE(IsWindowEnabled(program.Button("Home")));
-    EXPECT_FALSE(IsWindowEnabled(program.Button("Revert")));
 }
 
 TEST_F(StartUp, ReadsTheCommandLine)
 {
     const std::string start = WriteMenu("Aaa.nvm", {}); // what the choice gives
     const std::string named = WriteMenu("My menu.nvm", {});
-    const std::string quoted = "\"" + named + "\"";
     const struct {
         std::string arguments;
         std::string opened;
         bool locked;
     } cases[] = {
-        {quoted, named, false},
-        {named + " /l", named, true},
-        {quoted + " /L", named, true},
+        {'"' + named + "\" /L", named, true},
         {"/L", start, true},
-        {named + "m/l", named, true}, // the character before the switch goes with it
         {"My menu.nvm", "My menu.nvm", false},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.arguments);
         Program& program = Start(each.arguments);
-        EXPECT_TRUE(WaitUntilLoaded(each.opened)) << program.OnScreen();
+        EXPECT_TRUE(WaitUntilLoaded(each.opened));
         EXPECT_EQ(IsWindowEnabled(program.Button("Normal")) == FALSE, each.locked);
     }
 }
 
-TEST_F(StartUp, TellsAboutAnExtensionThatIsNoMenu)
+TEST_F(StartUp, AsksForAMenuWhenTheNamedOneIsNone)
 {
     const std::string menu = WriteMenu("Start.nvm", {});
+    const std::string missing = Path("new\\deep er\\Menu.nvm");
+    const auto noMenu = [](const std::string& path) {
+        return "Cannot open: \"" + path + "\"\n\nInvalid file extension!";
+    };
     const struct {
         std::string arguments;
-        std::string named; // as the message has it
+        std::string message;
+        std::vector<std::string> buttons;
+        const char* answer;
     } cases[] = {
-        {Write("notes.txt", "x"), Path("notes.txt")},
-        {Path("none"), Path("none")},
-        {menu + "/l", menu.substr(0, menu.size() - 1)}, // loses its last letter to the switch
+        {Write("notes.txt", "x"), noMenu(Path("notes.txt")), {"OK"}, "OK"},
+        // Loses its last letter to the switch; also in locked mode there is the dialog.
+        {menu + "/l", noMenu(menu.substr(0, menu.size() - 1)), {"OK"}, "OK"},
+        {'"' + missing + '"',
+         "File " + missing + " does not exist.\n\nWould you like to create a new menu?",
+         {"Yes", "No"},
+         "No"},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.arguments);
         Start(each.arguments);
-        ExpectBox("Cannot open: \"" + each.named + "\"\n\nInvalid file extension!",
-                  BoxIcon::exclamation);
-        ExpectOpenDialog(); // in locked mode, too
+        ExpectBox(each.message, BoxIcon::exclamation, each.buttons, each.answer);
+        ExpectOpenDialog();
+        EXPECT_FALSE(IsWindowEnabled(Running().Button("Revert")));
         EXPECT_FALSE(Setting("Settings", "Last"));
     }
+    EXPECT_EQ(GetFileAttributesA(Path("new").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(StartUp, AsksBeforeItCreatesAMenu)
+TEST_F(StartUp, TheShellOpensMenusInIt)
 {
-    const std::string path = Path("new\\deep er\\Menu.nvm");
-    const std::string question =
-        "File " + path + " does not exist.\n\nWould you like to create a new menu?";
-    Start("\"" + path + "\"");
-    ExpectBox(question, BoxIcon::exclamation, {"Yes", "No"}, "No");
-    ExpectOpenDialog();
-    EXPECT_FALSE(IsWindowEnabled(Running().Button("Revert")));
-    EXPECT_EQ(GetFileAttributesA(Path("new").c_str()), INVALID_FILE_ATTRIBUTES);
-    Program& program = Start("\"" + path + "\"");
-    ExpectBox(question, BoxIcon::exclamation, {"Yes", "No"}, "Yes");
-    EXPECT_TRUE(WaitUntilLoaded(path));
-    WIN32_FILE_ATTRIBUTE_DATA file = {};
-    ASSERT_TRUE(GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &file));
-    EXPECT_EQ(file.nFileSizeLow, 0u);
-    EXPECT_TRUE(IsWindowEnabled(program.Button("Revert")));
+    RegSetValueA(HKEY_CLASSES_ROOT, R"(Navrix Menu\shell\open\command)", REG_SZ,
+                 R"("C:\gone\NVMenu.exe" %1)", 0);
+    Open(WriteMenu("Start.nvm", {}));
+    EXPECT_EQ(Close(), 0u);
+    const std::string menu = WriteMenu("My own menu.nvm", {});
+    OpenInShell(menu, menu);
 }
 
 } // namespace nv::e2e

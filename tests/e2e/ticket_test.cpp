@@ -67,13 +67,13 @@ protected:
     }
     bool WaitForText(int control, const std::string& text) const
     {
-        return Until([&] { return Text(control) == text; });
+        return nv::e2e::WaitForText(Item(control), text);
     }
     // Waits for a box, whose text is to begin so, and answers it.
     void ExpectBoxBegins(const std::string& start, BoxIcon icon = BoxIcon::exclamation)
     {
         const auto box = Running().WaitForBox();
-        ASSERT_TRUE(box) << Running().OnScreen();
+        ASSERT_TRUE(box);
         EXPECT_EQ(box->text.substr(0, start.size()), start);
         EXPECT_EQ(box->title, kPlainTitle);
         EXPECT_EQ(box->icon, icon);
@@ -92,7 +92,7 @@ protected:
         Click(CentreOf(Item(kToFile)));
         const HWND picker =
             Running().PickFile("Please select file name for your Trouble Ticket file", name);
-        EXPECT_NE(picker, nullptr) << Running().OnScreen();
+        EXPECT_NE(picker, nullptr);
         return picker;
     }
     // Holds the clipboard, so that no other program can open it, until CloseClipboard.
@@ -199,7 +199,7 @@ TEST_F(Ticket, IsSavedToAFile)
     const std::string ticket = TicketOf("0, 0, ", "0, 2, Other", "No link ever starts.") + "\r\n";
     FillIn();
     const HWND cancelled = SaveAs("");
-    EXPECT_TRUE(Until([&] { return !IsWindow(cancelled); })) << Running().OnScreen();
+    EXPECT_TRUE(WaitUntilGone(cancelled));
     EXPECT_TRUE(WaitForFocus(kToFile)); // and no box, which would have it
 
     SaveAs(Path("ticket"));
@@ -212,7 +212,7 @@ TEST_F(Ticket, IsSavedToAFile)
                                     nullptr, OPEN_EXISTING, 0, nullptr);
     SaveAs(Path("held.txt"));
     const auto overwrite = Running().WaitForBox();
-    ASSERT_TRUE(overwrite) << Running().OnScreen();
+    ASSERT_TRUE(overwrite);
     EXPECT_TRUE(Running().Answer(*overwrite, "Yes"));
     ExpectBoxBegins("Cannot write your Trouble Ticket to file: " + Path("held.txt"), BoxIcon::stop);
     CloseHandle(held);
