@@ -90,20 +90,6 @@ protected:
         return Until([&] { return Picture(window).Contains(part); }, 5000);
     }
 
-    // How many files and folders a folder holds.
-    static int CountIn(const std::string& folder)
-    {
-        int count = -2; // "." and ".."
-        WIN32_FIND_DATAA found = {};
-        const HANDLE search = FindFirstFileA((folder + "\\*").c_str(), &found);
-        for (BOOL more = search != INVALID_HANDLE_VALUE; more;
-             more = FindNextFileA(search, &found)) {
-            ++count;
-        }
-        FindClose(search);
-        return count;
-    }
-
     HWND Header() { return FindWindowExA(Running().Window(), nullptr, "NavrixKelPic", nullptr); }
 
     // A link or label in the language.
@@ -212,7 +198,7 @@ TEST_F(CodePage, TellsAndCreatesWhatIsNotThere)
 {
     const std::string folder = Path(two_ + one_);
     const std::string path = folder + "\\" + one_ + two_ + "\\" + two_ + ".nvm";
-    const int before = CountIn(Folder());
+    const auto before = FilesIn(Folder()).size();
     Program& program = Start('"' + path + '"');
     const auto box = program.WaitForBox();
     ASSERT_TRUE(box);
@@ -221,8 +207,8 @@ TEST_F(CodePage, TellsAndCreatesWhatIsNotThere)
     ASSERT_TRUE(program.Answer(*box, box->buttons.front())); // in the language
     ASSERT_TRUE(WaitUntilLoaded(path));
     EXPECT_NE(GetFileAttributesA(path.c_str()), INVALID_FILE_ATTRIBUTES);
-    EXPECT_EQ(CountIn(Folder()), before + 1); // and no part of a name
-    EXPECT_EQ(CountIn(folder), 1);
+    EXPECT_EQ(FilesIn(Folder()).size(), before + 1); // and no part of a name
+    EXPECT_EQ(FilesIn(folder).size(), 1u);
     EXPECT_EQ(Close(), 0u);
     SetSetting("Settings", "StartOpen", "2"); // the last menu
     EXPECT_TRUE(Start().WaitForTitle(TitleOf(path)));

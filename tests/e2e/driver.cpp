@@ -308,24 +308,15 @@ std::optional<DWORD> Program::Close(DWORD within)
 
 std::string Program::OnScreen() const
 {
-    std::string report = Running() ? "the program runs" : "the program has ended with code ";
     if (!Running()) {
-        return report + std::to_string(ExitCode(0).value_or(0)) + "\n";
+        return "the program has ended with code " + std::to_string(ExitCode(0).value_or(0)) + "\n";
     }
-    report += Answers(1000) ? " and answers\n" : " but does not answer\n";
-    const HWND foreground = GetForegroundWindow();
+    std::string report = Answers(1000) ? "" : "the program does not answer\n";
     for (const HWND window : TopWindows()) {
-        const RECT place = PlaceOf(window);
-        report += ClassOf(window) + " \"" + TextOf(window) + "\" at " + std::to_string(place.left) +
-                  "," + std::to_string(place.top) + " to " + std::to_string(place.right) + "," +
-                  std::to_string(place.bottom) +
-                  (window == foreground ? ", in the foreground\n" : "\n");
+        report += ClassOf(window) + " \"" + TextOf(window) + "\"\n";
         for (const HWND child : ChildrenOf(window)) {
-            const std::string text = TextOf(child);
-            if (!text.empty()) {
-                report += "    " + ClassOf(child) + " \"" + text + "\"" +
-                          (IsWindowEnabled(child) ? "\n" : " (disabled)\n");
-            }
+            report += "    " + ClassOf(child) + " \"" + TextOf(child) + "\"" +
+                      (IsWindowEnabled(child) ? "\n" : " (disabled)\n");
         }
     }
     return report + "focus: " + Focus() + "\n";

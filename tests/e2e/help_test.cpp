@@ -12,7 +12,7 @@ namespace nv::e2e
 class FakeViewer
 {
 public:
-    explicit FakeViewer(bool takes = true) : takes_(takes)
+    FakeViewer()
     {
         EXPECT_EQ(FindWindowA(kClass, nullptr), nullptr) << "a real viewer runs";
         WNDCLASSA windowClass = {};
@@ -26,22 +26,20 @@ public:
     FakeViewer(const FakeViewer&) = delete;
     FakeViewer& operator=(const FakeViewer&) = delete;
 
-    struct Request {
-        WORD command = 0;
-        std::string file;
-        std::string keyword;
-    };
-    // The request that has come since the last call; its command is 0 when none came.
-    Request WaitForRequest()
+    // Waits for a request that has come since the last call, which must be so.
+    void ExpectRequest(WORD command, const std::string& file, const std::string& keyword)
     {
         EXPECT_TRUE(Until([this] {
             MSG message;
             PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE); // lets what was sent through
-            return request_.command != 0;
+            return command_ != 0;
         }));
-        return std::exchange(request_, {});
+        EXPECT_EQ(std::exchange(command_, WORD{0}), command);
+        EXPECT_EQ(file_, file);
+        EXPECT_EQ(keyword_, keyword);
     }
 
+    bool takes = true;
     static constexpr char kClass[] = "MS_WINHELP";
 
 private:
@@ -60,46 +58,37 @@ private:
             return value;
         };
         const auto text = [&](std::size_t at) { return word(at) != 0 ? bytes + word(at) : ""; };
-        self->request_ = {word(2), text(12), text(14)};
-        return self->takes_;
+        self->command_ = word(2);
+        self->file_ = text(12);
+        self->keyword_ = text(14);
+        return self->takes;
     }
 
-    bool takes_;
     HWND window_ = nullptr;
-    Request request_;
-};
-
-// Makes a command the browser, for as long as this lives.
-class FakeBrowser
-{
-public:
-    explicit FakeBrowser(const std::string& command)
-    {
-        DWORD size = sizeof before_;
-        RegGetValueA(HKEY_CLASSES_ROOT, ".html", "", RRF_RT_REG_SZ, nullptr, before_, &size);
-        SetDefault("navrix.page\\shell\\open\\command", command.c_str());
-        SetDefault(".html", "navrix.page");
-    }
-    ~FakeBrowser()
-    {
-        SetDefault(".html", before_);
-        RegDeleteTreeA(HKEY_CLASSES_ROOT, "navrix.page");
-    }
-    FakeBrowser(const FakeBrowser&) = delete;
-    FakeBrowser& operator=(const FakeBrowser&) = delete;
-
-private:
-    static void SetDefault(const char* key, const char* value)
-    {
-        EXPECT_EQ(RegSetValueA(HKEY_CLASSES_ROOT, key, REG_SZ, value, 0), ERROR_SUCCESS);
-    }
-
-    char before_[260] = "";
+    WORD command_ = 0; // 0: none has come
+    std::string file_;
+    std::string keyword_;
 };
 
 class Help : public Stage
 {
 protected:
+    void SetUp() override
+    {
+        Stage::SetUp();
+        DWORD size = sizeof browser_;
+        RegGetValueA(HKEY_CLASSES_ROOT, ".html", "", RRF_RT_REG_SZ, nullptr, browser_, &size);
+    }
+    void TearDown() override
+    {
+        SetDefault(".html", browser_);
+        RegDeleteTreeA(HKEY_CLASSES_ROOT, "navrix.page");
+        Stage::TearDown();
+    }
+    static void SetDefault(const char* key, const std::string& value)
+    {
+        EXPECT_EQ(RegSetValueA(HKEY_CLASSES_ROOT, key, REG_SZ, value.c_str(), 0), ERROR_SUCCESS);
+    }
     // Whether the page was opened, and nothing else.
     bool Opens(const std::string& page)
     {
@@ -107,9 +96,12 @@ protected:
         const auto record = WaitForRecord();
         return !record.empty() && record[0].find("Help\\" + page + '"') != std::string::npos;
     }
+
+private:
+    char browser_[260] = "";
 };
 
-TEST_F(Help, AsksTheViewerForAKeyword)
+TEST_F(Help, AsksTheViewerForAKeywordAndTellsThatItRefuses)
 {
     const std::string menu = WriteMenu("Start.nvm", {});
     for (const bool locked : {false, true}) {
@@ -118,35 +110,25 @@ TEST_F(Help, AsksTheViewerForAKeyword)
         ASSERT_TRUE(WaitUntilLoaded(menu));
         for (const char* keyword : {"Navrix Main Menu", "Menu Edit"}) {
             ASSERT_TRUE(ClickButton("Help"));
-            const auto request = viewer.WaitForRequest();
-            EXPECT_EQ(request.command, HELP_KEY);
-            EXPECT_EQ(request.file, Path("NVMENU.HLP"));
-            EXPECT_EQ(request.keyword, locked ? "Navrix Main Menu" : keyword);
+            viewer.ExpectRequest(HELP_KEY, Path("NVMENU.HLP"),
+                                 locked ? "Navrix Main Menu" : keyword);
             ClickButton("Edit"); // disabled in locked mode
         }
+        viewer.takes = false;
+        ASSERT_TRUE(ClickButton("Help"));
+        viewer.ExpectRequest(HELP_KEY, Path("NVMENU.HLP"),
+                             locked ? "Navrix Main Menu" : "Menu Edit");
+        ExpectBox(ReasonOf(ERROR_CAN_NOT_COMPLETE), BoxIcon::none);
         PostMessageA(program.Window(), WM_CLOSE, 0, 0);
-        const auto request = viewer.WaitForRequest();
-        EXPECT_EQ(request.command, HELP_QUIT);
-        EXPECT_EQ(request.file, Path("NVMENU.HLP"));
+        viewer.ExpectRequest(HELP_QUIT, Path("NVMENU.HLP"), "");
         EXPECT_EQ(program.ExitCode(), 0u);
     }
 }
 
-TEST_F(Help, TellsThatTheViewerRefuses)
-{
-    FakeViewer viewer(false);
-    Program& program = Open(WriteMenu("Start.nvm", {}));
-    ASSERT_TRUE(ClickButton("Help"));
-    EXPECT_EQ(viewer.WaitForRequest().command, HELP_KEY);
-    ExpectBox(ReasonOf(ERROR_CAN_NOT_COMPLETE), BoxIcon::none);
-    PostMessageA(program.Window(), WM_CLOSE, 0, 0);
-    EXPECT_EQ(viewer.WaitForRequest().command, HELP_QUIT);
-    EXPECT_EQ(program.ExitCode(), 0u);
-}
-
 TEST_F(Help, OpensPagesInTheBrowser)
 {
-    const FakeBrowser browser('"' + Path("recorder.exe") + "\" \"%1\"");
+    SetDefault("navrix.page\\shell\\open\\command", '"' + Path("recorder.exe") + "\" \"%1\"");
+    SetDefault(".html", "navrix.page");
     Program& program = Open(WriteMenu("Start.nvm", {}));
     PressKey(VK_F1);
     ExpectBox("The help cannot be shown:\n\n" + Path("Help\\index.html") +

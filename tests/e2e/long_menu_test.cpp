@@ -29,18 +29,13 @@ protected:
     // way when the test acts, however slowly the test itself runs.
     std::string WriteLong(const std::string& name, const std::string& next, int links)
     {
-        std::string menu =
-            LineOf({kLink, "First", next, static_cast<long>(Mark(kSlowMark))}) + "\r\n";
-        const std::string one = LineOf({kLink, "One of many", "many.exe"}) + "\r\n";
-        const std::size_t faceEnd = one.find("</FONTNAME>");
-        menu.reserve(menu.size() + (one.size() + 6) * static_cast<std::size_t>(links));
+        std::vector<Entry> entries = {{kLink, "First", next, static_cast<long>(Mark(kSlowMark))}};
         for (int number = 2; number < links; ++number) {
-            menu.append(one, 0, faceEnd);
-            menu += std::to_string(number); // short enough to need no memory of its own
-            menu.append(one, faceEnd);
+            const std::string face = "Tahoma" + std::to_string(number);
+            entries.push_back({kLink, "One of many", "many.exe", 0, "16", face});
         }
-        menu += LineOf({kLink, "Last", "last.exe", static_cast<long>(Mark(kLastMark))}) + "\r\n";
-        return Write(name, menu);
+        entries.push_back({kLink, "Last", "last.exe", static_cast<long>(Mark(kLastMark))});
+        return WriteMenu(name, entries);
     }
 
     // Starts with the home menu and goes to the slow one, whose load is then under way.
@@ -68,11 +63,6 @@ protected:
         return WaitForMenu(slow_, 3000);
     }
 
-    int MarkOf(const std::string& path) const
-    {
-        return path == home_ ? kHomeMark : path == short_ ? kShortMark : kSlowMark;
-    }
-
     // The load of the menu that the title names has not come to its end.
     bool Loading(const std::string& path) const { return Setting("Settings", "Last") != path; }
 
@@ -94,10 +84,11 @@ TEST_F(LongMenu, CanBeLeftInTheMiddle)
         const char* name;
         std::function<void()> act;
         std::string opened;
+        int mark; // in it
     } cases[] = {
-        {"link", [this] { Click(first_); }, short_},
-        {"Back key", [] { PressKey(VK_BACK); }, home_},
-        {"Home button", [this] { ClickButton("Home"); }, home_},
+        {"link", [this] { Click(first_); }, short_, kShortMark},
+        {"Back key", [] { PressKey(VK_BACK); }, home_, kHomeMark},
+        {"Home button", [this] { ClickButton("Home"); }, home_, kHomeMark},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
@@ -107,7 +98,7 @@ TEST_F(LongMenu, CanBeLeftInTheMiddle)
         each.act();
         ASSERT_TRUE(WaitUntilLoaded(each.opened));
         // What it shows is that menu, from its top.
-        EXPECT_TRUE(WaitForColor(program.View(), Mark(MarkOf(each.opened))));
+        EXPECT_TRUE(WaitForColor(program.View(), Mark(each.mark)));
         EXPECT_TRUE(Loading(slow_));
     }
 }

@@ -12,29 +12,19 @@ namespace
 {
 
 constexpr DWORD kSetupTime = 60000; // milliseconds
-constexpr char kUninstall[] = R"(Software\Microsoft\Windows\CurrentVersion\Uninstall\Navrix Menu)";
+constexpr char kUninstall[] = R"(Software\Microsoft\Windows\CurrentVersion\Uninstall)";
 
 // Names and contents, of files or of registry values.
 using Contents = std::map<std::string, std::string>;
 
 void AddFiles(const std::string& folder, Contents& contents)
 {
-    WIN32_FIND_DATAA found = {};
-    const HANDLE search = FindFirstFileA((folder + "\\*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) {
-        return;
+    for (const WIN32_FIND_DATAA& found : FilesIn(folder)) {
+        const std::string path = folder + "\\" + found.cFileName;
+        const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        contents[path] = isFolder ? "a folder" : std::to_string(found.nFileSizeLow);
+        AddFiles(path, contents);
     }
-    do {
-        const std::string name = found.cFileName;
-        const std::string path = folder + "\\" + name;
-        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-            contents[path] = std::to_string(found.nFileSizeLow);
-        } else if (name != "." && name != "..") {
-            contents[path] = "a folder";
-            AddFiles(path, contents);
-        }
-    } while (FindNextFileA(search, &found));
-    FindClose(search);
 }
 
 void AddKey(HKEY root, const std::string& path, Contents& contents)
@@ -45,10 +35,7 @@ void AddKey(HKEY root, const std::string& path, Contents& contents)
     }
     contents[path] = "a key";
     char name[256] = "";
-    for (DWORD index = 0, size = sizeof name;
-         RegEnumKeyExA(key, index, name, &size, nullptr, nullptr, nullptr, nullptr) ==
-         ERROR_SUCCESS;
-         ++index, size = sizeof name) {
+    for (DWORD index = 0; RegEnumKeyA(key, index, name, sizeof name) == ERROR_SUCCESS; ++index) {
         AddKey(root, path + "\\" + name, contents);
     }
     char data[1024] = "";
@@ -65,8 +52,7 @@ void AddKey(HKEY root, const std::string& path, Contents& contents)
 Contents Registry()
 {
     Contents contents;
-    for (const char* path : {"Software\\Belquin", "Software\\Classes",
-                             "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"}) {
+    for (const char* path : {"Software\\Belquin", "Software\\Classes", kUninstall}) {
         AddKey(HKEY_CURRENT_USER, path, contents);
     }
     AddKey(HKEY_CLASSES_ROOT, ".NVM", contents);
@@ -94,19 +80,12 @@ protected:
         return Program('"' + FromTests(SETUP_FROM_TESTS) + "\" /S /D=" + folder)
             .ExitCode(kSetupTime);
     }
-    std::optional<DWORD> Install() const { return InstallIn(home_); }
     Packages() : Stage("program") {}
-    void SetUp() override
-    {
-        Stage::SetUp();
-        home_ = Path("apps\\menu");
-    }
-
-    std::string home_; // where it is installed
 };
 
 TEST_F(Packages, InstallRunAndUninstall)
 {
+    const std::string home = Path("apps\\menu"); // where it is installed
     const std::string mine = WriteMenu("My menu.nvm", {});
     CreateDirectoryA(Path("other").c_str(), nullptr);
     Write("other\\Uninstall.exe", "of another program");
@@ -116,29 +95,29 @@ TEST_F(Packages, InstallRunAndUninstall)
     EXPECT_EQ(Files(), files);
     for (const bool changed : {false, true}) {
         SCOPED_TRACE(changed ? "with menus of the user's" : "as it was");
-        ASSERT_EQ(Install(), 0u);
-        EXPECT_EQ(GetFileAttributesA((home_ + "\\Samples\\Looks.nvm").c_str()) &
+        ASSERT_EQ(InstallIn(home), 0u);
+        EXPECT_EQ(GetFileAttributesA((home + "\\Samples\\Looks.nvm").c_str()) &
                       FILE_ATTRIBUTE_DIRECTORY,
                   0u);
-        OpenInShell(home_ + "\\NVMenu.exe", home_ + "\\Start.nvm");
-        EXPECT_EQ(Install(), 2u); // not over a program that runs
+        OpenInShell(home + "\\NVMenu.exe", home + "\\Start.nvm");
+        EXPECT_EQ(InstallIn(home), 2u); // not over a program that runs
         EXPECT_EQ(Close(), 0u);
         OpenInShell(mine, mine);
         EXPECT_EQ(Close(), 0u);
 
         Contents left = files;
         if (changed) {
-            left[Path("apps")] = left[home_] = left[home_ + "\\Samples"] = "a folder";
+            left[Path("apps")] = left[home] = left[home + "\\Samples"] = "a folder";
             for (const char* name : {"\\Mine.nvm", "\\Samples\\Looks.nvm"}) {
                 Write("apps\\menu" + std::string(name), "mine");
-                left[home_ + name] = "4";
+                left[home + name] = "4";
             }
-            ASSERT_EQ(Install(), 0u); // an update keeps them as well
+            ASSERT_EQ(InstallIn(home), 0u); // an update keeps them as well
         } else {
             left[Path("apps")] = "a folder"; // the installer's own
         }
         // It goes on in a copy of itself, which ends with it.
-        const Program uninstaller('"' + home_ + "\\Uninstall.exe\" /S");
+        const Program uninstaller('"' + home + "\\Uninstall.exe\" /S");
         EXPECT_EQ(uninstaller.ExitCode(kSetupTime), 0u);
         EXPECT_TRUE(Until([&] { return Registry() == registry && Files() == left; }, kSetupTime));
         EXPECT_EQ(Registry(), registry);

@@ -99,12 +99,6 @@ std::string Stage::WriteMenu(const std::string& name, const std::vector<Entry>& 
     return Write(name, MenuOf(entries));
 }
 
-std::string Stage::Recorder(const std::string& arguments) const
-{
-    // Unquoted it could not hold the blank of the folder; the program's own folder is current.
-    return arguments.empty() ? "recorder.exe" : "recorder.exe " + arguments;
-}
-
 std::string Stage::WaitForRecordedWord() const
 {
     const auto record = WaitForRecord();

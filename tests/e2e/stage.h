@@ -59,7 +59,10 @@ protected:
     // Writes a Menu file; its path.
     std::string WriteMenu(const std::string& name, const std::vector<Entry>& entries) const;
     // A link that runs the recorder with arguments; wait for it with WaitForRecord.
-    std::string Recorder(const std::string& arguments = "") const;
+    static std::string Recorder(const std::string& arguments)
+    {
+        return "recorder.exe " + arguments;
+    }
     // The record of the recorder that was started since the last call: command line, folder, title,
     // show state. Empty when none came.
     std::vector<std::string> WaitForRecord() const { return TakeRecord(Path("record")); }

@@ -79,13 +79,6 @@ protected:
         EXPECT_EQ(box->icon, icon);
         EXPECT_TRUE(Running().Answer(*box, "OK"));
     }
-    void FillIn()
-    {
-        SetDlgItemTextA(support_, kEmail, "ann@office.example");
-        SetDlgItemTextA(support_, kCounts + 3, "2");
-        SendMessageA(Item(kWorkstations + 5), BM_CLICK, 0, 0);
-        SetDlgItemTextA(support_, kProblem, "No link ever starts.");
-    }
     // Presses the button to save, and names the file or, with no name, cancels; the picker.
     HWND SaveAs(const std::string& name)
     {
@@ -126,6 +119,18 @@ protected:
 
 TEST_F(Ticket, IsFilledInByKeyboardAndSentToTheClipboard)
 {
+    const RECT place = PlaceOf(support_);
+    EXPECT_LE(place.right - place.left, 800); // for small screens
+    EXPECT_LE(place.bottom - place.top, 552); // below it stands the taskbar
+    const std::pair<int, int> order[] = {{kCounts, 2},       {kServers, 5}, {kCounts + 2, 2},
+                                         {kWorkstations, 6}, {kProblem, 1}, {kToClipboard, 2},
+                                         {kClose, 1},        {kLetter, 2}};
+    for (const auto& [first, count] : order) { // in which one reads
+        for (int next = first; next < first + count; ++next) {
+            PressKey(VK_TAB);
+            EXPECT_TRUE(WaitForFocus(next)) << next << " is not it";
+        }
+    }
     SetDlgItemTextA(support_, kProblem, "Again: ");
     PressKey(VK_RETURN);
     ExpectBoxBegins("Please enter your e-mail where do you want to recive our reply.");
@@ -163,12 +168,12 @@ TEST_F(Ticket, IsFilledInByKeyboardAndSentToTheClipboard)
     EXPECT_EQ(Clipboard(), TicketOf("0, 3, 2000-XP", "0, 0, ", problem));
     EXPECT_TRUE(WaitForFocus(kClose));
     PressKey(VK_RETURN);
-    EXPECT_TRUE(Until([&] { return !IsWindow(support_) && IsWindowEnabled(options_); }));
+    EXPECT_TRUE(WaitUntilGone(support_) && IsWindowEnabled(options_));
     ShowSupport();
     EXPECT_EQ(Text(kEmail) + Text(kProblem), "");
     Click(CentreOf(Item(kProblem)));
     PressKey(VK_ESCAPE);
-    EXPECT_TRUE(Until([&] { return !IsWindow(support_) && IsWindowEnabled(options_); }));
+    EXPECT_TRUE(WaitUntilGone(support_) && IsWindowEnabled(options_));
 }
 
 TEST_F(Ticket, CountBoxesTakeNoLettersFromTheClipboard)
@@ -197,7 +202,10 @@ TEST_F(Ticket, CountBoxesTakeNoLettersFromTheClipboard)
 TEST_F(Ticket, IsSavedToAFile)
 {
     const std::string ticket = TicketOf("0, 0, ", "0, 2, Other", "No link ever starts.") + "\r\n";
-    FillIn();
+    SetDlgItemTextA(support_, kEmail, "ann@office.example");
+    SetDlgItemTextA(support_, kCounts + 3, "2");
+    SendMessageA(Item(kWorkstations + 5), BM_CLICK, 0, 0);
+    SetDlgItemTextA(support_, kProblem, "No link ever starts.");
     const HWND cancelled = SaveAs("");
     EXPECT_TRUE(WaitUntilGone(cancelled));
     EXPECT_TRUE(WaitForFocus(kToFile)); // and no box, which would have it
@@ -219,22 +227,6 @@ TEST_F(Ticket, IsSavedToAFile)
     EXPECT_EQ(Contents(Path("held.txt")), "old");
     EXPECT_TRUE(WaitForFocus(kToFile));
     EXPECT_EQ(Text(kEmail), "ann@office.example");
-}
-
-TEST_F(Ticket, WindowFitsSmallScreensAndTabsInReadingOrder)
-{
-    const RECT place = PlaceOf(support_);
-    EXPECT_LE(place.right - place.left, 800);
-    EXPECT_LE(place.bottom - place.top, 552); // below it stands the taskbar
-    const std::pair<int, int> order[] = {{kCounts, 2},       {kServers, 5}, {kCounts + 2, 2},
-                                         {kWorkstations, 6}, {kProblem, 1}, {kToClipboard, 2},
-                                         {kClose, 1},        {kLetter, 2}};
-    for (const auto& [first, count] : order) {
-        for (int next = first; next < first + count; ++next) {
-            PressKey(VK_TAB);
-            EXPECT_TRUE(WaitForFocus(next)) << next << " is not it";
-        }
-    }
 }
 
 } // namespace nv::e2e

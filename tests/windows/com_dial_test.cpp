@@ -7,6 +7,7 @@
 #include <commdlg.h>
 
 #include <dlgs.h>
+#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <thread>
@@ -19,21 +20,19 @@ namespace
 constexpr int kFileName = 0x47C; // cmb13 in <dlgs.h> of newer systems
 using e2e::TextOf;
 using e2e::Until;
+using e2e::WaitUntilGone;
 using Act = std::function<void(HWND picker)>;
 
-// The open dialog of that thread with that title; waits for it.
-HWND WaitForDialog(DWORD thread, const char* title)
+// The dialog of this process with that title; waits for it.
+HWND WaitForDialog(const char* title)
 {
     HWND found = nullptr;
-    const bool came = Until([&] {
-        while ((found = FindWindowExA(nullptr, found, "#32770", title)) != nullptr) {
-            if (GetWindowThreadProcessId(found, nullptr) == thread && IsWindowVisible(found)) {
-                return true;
-            }
+    EXPECT_TRUE(Until([&] {
+        for (const HWND window : e2e::TopWindowsOf(GetCurrentProcessId())) {
+            found = IsWindowVisible(window) && TextOf(window) == title ? window : found;
         }
-        return false;
-    });
-    EXPECT_TRUE(came) << title;
+        return found != nullptr;
+    })) << title;
     return found;
 }
 
@@ -46,11 +45,11 @@ void Press(HWND picker, WORD button)
 class User
 {
 public:
-    User(const char* title, Act act)
-        : thread_([main = GetCurrentThreadId(), title, act = std::move(act)] {
-              const HWND picker = WaitForDialog(main, title);
+    User(const char* title, const Act& act)
+        : thread_([title, act] {
+              const HWND picker = WaitForDialog(title);
               act(picker);
-              if (!Until([&] { return !IsWindow(picker); })) {
+              if (!WaitUntilGone(picker)) {
                   ADD_FAILURE() << "The picker stays open";
                   Until([&] { // perhaps below a box
                       Press(GetLastActivePopup(picker), IDCANCEL);
@@ -68,15 +67,10 @@ private:
     std::thread thread_;
 };
 
-void SetName(HWND picker, const std::string& name)
-{
-    SendDlgItemMessageA(picker, kFileName, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
-}
-
 // Types a name into the file picker and confirms it.
 void Type(HWND picker, const std::string& name)
 {
-    SetName(picker, name);
+    SetDlgItemTextA(picker, kFileName, name.c_str());
     Press(picker, IDOK);
 }
 
@@ -84,52 +78,29 @@ void Type(HWND picker, const std::string& name)
 void TypeMissingAndCancel(HWND picker)
 {
     Type(picker, "missing.nvm");
-    const DWORD thread = GetWindowThreadProcessId(picker, nullptr);
     HWND box = nullptr;
     EXPECT_TRUE(Until([&] {
         box = GetLastActivePopup(picker);
         return box != picker && IsWindowVisible(box);
     }));
-    EXPECT_EQ(GetWindowThreadProcessId(box, nullptr), thread);
     Press(box, IDOK);
     EXPECT_TRUE(Until([&] { return !IsWindow(box) && IsWindowEnabled(picker); }));
     Press(picker, IDCANCEL);
 }
 
-std::string CurrentFolder()
+TEST(FilePicker, GoesOnWhereTheLastPickWasAndComesBackToTheProgram)
 {
-    char folder[MAX_PATH] = {};
-    GetCurrentDirectoryA(sizeof folder, folder);
-    return folder;
-}
-
-// The pickers change the current folder, the rest of the tests count on theirs.
-struct FilePickerTest : public testing::Test {
-    FilePickerTest()
-    {
-        // Where a picker without a folder begins.
-        RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\"
-                                         "ComDlg32\\LastVisitedMRU");
-        const HANDLE file = CreateFileA((menus / "there.nvm").c_str(), GENERIC_WRITE, 0, nullptr,
-                                        CREATE_NEW, 0, nullptr);
-        EXPECT_TRUE(CloseHandle(file));
-    }
-    ~FilePickerTest() override { SetCurrentDirectoryA(before.c_str()); }
-
-    // A name that makes a path of so many bytes.
-    std::string NameFor(std::size_t length) const
-    {
-        return std::string(length - (menus / "").size(), 'x');
-    }
-
-    const std::string before = CurrentFolder();
+    // Where a picker without a folder begins.
+    RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\"
+                                     "ComDlg32\\LastVisitedMRU");
     const ScratchFolder program;
     const ScratchFolder menus;
     const ScratchFolder elsewhere;
-};
-
-TEST_F(FilePickerTest, GoesOnWhereTheLastPickWasAndComesBackToTheProgram)
-{
+    std::ofstream(menus / "there.nvm").put('x');
+    // A name that makes a path of so many bytes.
+    const auto nameFor = [&](std::size_t length) {
+        return std::string(length - (menus / "").size(), 'x');
+    };
     // Without a second NUL at its end, as the callers write it.
     const std::string filter("Menus\0*.nvm\0All Files\0*.*\0", 26);
     struct Case {
@@ -142,7 +113,7 @@ TEST_F(FilePickerTest, GoesOnWhereTheLastPickWasAndComesBackToTheProgram)
     const Case cases[] = {
         {"into a folder, then a name", 1, false,
          [&](HWND picker) {
-             SetName(picker, menus.Path());
+             SetDlgItemTextA(picker, kFileName, menus.Path().c_str());
              SendMessageA(picker, WM_COMMAND, IDOK, 0); // it goes there before it answers
              Type(picker, "new.nvm");
          },
@@ -152,18 +123,17 @@ TEST_F(FilePickerTest, GoesOnWhereTheLastPickWasAndComesBackToTheProgram)
         {"a missing name", 1, true, TypeMissingAndCancel, ""},
         {"cancel", 2, false, [](HWND picker) { Press(picker, IDCANCEL); }, ""},
         // Wine itself ends with paths of 260 bytes and more.
-        {"a path too long", 1, false, [&](HWND picker) { Type(picker, NameFor(256)); }, ""},
-        {"a path just short enough", 1, false, [&](HWND picker) { Type(picker, NameFor(255)); },
-         menus / NameFor(255)},
+        {"a path too long", 1, false, [&](HWND picker) { Type(picker, nameFor(256)); }, ""},
+        {"a path just short enough", 1, false, [&](HWND picker) { Type(picker, nameFor(255)); },
+         menus / nameFor(255)},
     };
     ComDial pickers(program.Path());
     EXPECT_EQ(pickers.LastFolder(), "");
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         SetCurrentDirectoryA(elsewhere.Path().c_str());
-        LRESULT shownFilter = -1;
         const User user("Browse", [&](HWND picker) {
-            shownFilter = SendDlgItemMessageA(picker, cmb1, CB_GETCURSEL, 0, 0);
+            EXPECT_EQ(SendDlgItemMessageA(picker, cmb1, CB_GETCURSEL, 0, 0), c.filterIndex - 1);
             EXPECT_EQ(SendDlgItemMessageA(picker, cmb1, CB_GETCOUNT, 0, 0), 2);
             EXPECT_FALSE(IsWindowVisible(GetDlgItem(picker, chx1))); // "read only"
             c.act(picker);
@@ -171,10 +141,12 @@ TEST_F(FilePickerTest, GoesOnWhereTheLastPickWasAndComesBackToTheProgram)
         EXPECT_EQ(pickers.OpenFileDialog("Browse", elsewhere.Path(), filter, c.filterIndex,
                                          c.mustExist, nullptr),
                   c.picked);
-        EXPECT_EQ(shownFilter, c.filterIndex - 1);
-        EXPECT_EQ(CurrentFolder(), program.Path());
+        char current[MAX_PATH] = "";
+        GetCurrentDirectoryA(sizeof current, current);
+        EXPECT_EQ(current, program.Path());
         EXPECT_EQ(pickers.LastFolder(), menus.Path());
     }
+    SetCurrentDirectoryA("C:\\"); // the folders can go
 }
 
 void Choose(HWND picker, int combo, const char* text)

@@ -8,14 +8,7 @@ namespace nv
 namespace
 {
 
-const char kBrand[] = "Software\\BelquinTest";
-
-std::string ProcessKey(const std::string& below)
-{
-    return "BelquinTest\\Regis " + std::to_string(GetCurrentProcessId()) + below;
-}
-
-// A program's key of the test's own: tests run side by side on one registry.
+// A brand's key of the test's own: tests run side by side on one registry.
 class RegisTest : public testing::Test
 {
 protected:
@@ -23,63 +16,40 @@ protected:
     {
         RegDeleteTreeA(HKEY_CURRENT_USER, Path("").c_str());
         RegDeleteKeyA(HKEY_CURRENT_USER, Path("").c_str());
-        RegDeleteKeyA(HKEY_CURRENT_USER, kBrand); // refused while another test's key is in it
     }
 
-    static std::string Path(const std::string& below) { return "Software\\" + ProcessKey(below); }
-    static bool Exists(const std::string& path)
+    std::string Path(const std::string& below) const { return "Software\\" + brand_ + below; }
+    bool Exists(const std::string& below) const
     {
-        HKEY key = nullptr;
-        const long result = RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key);
-        const RegistryKey owned(key);
-        return result == ERROR_SUCCESS;
+        LONG size = 0;
+        return RegQueryValueA(HKEY_CURRENT_USER, Path(below).c_str(), nullptr, &size) !=
+               ERROR_FILE_NOT_FOUND;
     }
-    static RegistryKey Key(const std::string& section)
+    // The key of the section that these tests use, made where there is none.
+    RegistryKey Settings() const
     {
         HKEY key = nullptr;
-        EXPECT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, Path("\\" + section).c_str(), 0, nullptr, 0,
-                                  kRegistryAccess, nullptr, &key, nullptr),
+        EXPECT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, Path("\\Regis\\Settings").c_str(), 0, nullptr,
+                                  0, kRegistryAccess, nullptr, &key, nullptr),
                   ERROR_SUCCESS);
         return RegistryKey(key);
     }
     // Puts a value there as another program would.
-    static void PutRaw(const char* name, DWORD type, const std::string& bytes)
+    void PutRaw(const char* name, DWORD type, const std::string& bytes) const
     {
-        EXPECT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, Path("\\Settings").c_str(), name, type,
-                                  bytes.data(), static_cast<DWORD>(bytes.size())),
+        EXPECT_EQ(RegSetKeyValueA(Settings().Get(), nullptr, name, type, bytes.data(),
+                                  static_cast<DWORD>(bytes.size())),
                   ERROR_SUCCESS);
-    }
-    // Type and bytes of a stored value.
-    static std::pair<DWORD, std::string> Raw(const char* name)
-    {
-        DWORD type = REG_NONE;
-        std::string bytes(100, '?');
-        auto size = static_cast<DWORD>(bytes.size());
-        EXPECT_EQ(RegQueryValueExA(Key("Settings").Get(), name, nullptr, &type,
-                                   reinterpret_cast<BYTE*>(bytes.data()), &size),
-                  ERROR_SUCCESS);
-        return {type, bytes.substr(0, size)};
     }
 
-    Regis regis{ProcessKey("")};
+    const std::string brand_ = "BelquinTest " + std::to_string(GetCurrentProcessId());
+    Regis regis{brand_ + "\\Regis"};
     const SettingValue fallback = "default";
 };
-
-TEST_F(RegisTest, ReadsTheDefaultOfWhatIsNotThereAndCreatesNothing)
-{
-    EXPECT_EQ(regis.GetKeyValue("Settings", "Last", fallback), fallback);
-    EXPECT_FALSE(Exists(Path("")));
-    Key("Settings");
-    EXPECT_EQ(regis.GetKeyValue("Settings", "Last", fallback), fallback);
-    EXPECT_EQ(regis.GetKeyValue("Settings", "Last", 1000), SettingValue(1000));
-    PutRaw("", REG_SZ, std::string("unnamed", 8));
-    EXPECT_EQ(regis.GetKeyValue("Settings", "", fallback), fallback);
-}
 
 TEST_F(RegisTest, WritesTextAndNumbers)
 {
     const std::string text = "C:\\\xE9.nvm";
-    const auto binary = static_cast<SettingType>(REG_BINARY);
     struct Case {
         SettingValue value;
         SettingType type;
@@ -95,17 +65,25 @@ TEST_F(RegisTest, WritesTextAndNumbers)
     };
     for (const Case& c : cases) { // the section is made on demand
         EXPECT_EQ(regis.SetKeyValue("Settings", "Value", c.value, c.type), 0);
-        EXPECT_EQ(Raw("Value"), (std::pair<DWORD, std::string>(c.stored, c.bytes)));
+        DWORD type = REG_NONE;
+        char bytes[100] = "";
+        DWORD size = sizeof bytes;
+        RegQueryValueExA(Settings().Get(), "Value", nullptr, &type, reinterpret_cast<BYTE*>(bytes),
+                         &size);
+        EXPECT_EQ(type, c.stored);
+        EXPECT_EQ(std::string(bytes, size), c.bytes);
         EXPECT_EQ(regis.GetKeyValue("Settings", "Value", fallback), c.read);
     }
     // Neither of these writes anything.
     EXPECT_NE(regis.SetKeyValue("Settings", "Value", "two", SettingType::number), 0);
-    EXPECT_EQ(regis.SetKeyValue("Settings", "Value", "x", binary), 0);
+    EXPECT_EQ(regis.SetKeyValue("Settings", "Value", "x", static_cast<SettingType>(REG_BINARY)), 0);
     EXPECT_EQ(regis.GetKeyValue("Settings", "Value", fallback), SettingValue(-2));
 }
 
-TEST_F(RegisTest, ReadsWhatOtherProgramsWrote)
+TEST_F(RegisTest, ReadsWhatOtherProgramsWroteElseTheDefault)
 {
+    EXPECT_EQ(regis.GetKeyValue("Settings", "Other", fallback), fallback);
+    EXPECT_FALSE(Exists("")); // a look creates nothing
     struct Case {
         DWORD type;
         std::string bytes;
@@ -125,16 +103,22 @@ TEST_F(RegisTest, ReadsWhatOtherProgramsWrote)
         PutRaw("Other", c.type, c.bytes);
         EXPECT_EQ(regis.GetKeyValue("Settings", "Other", fallback), c.read) << c.bytes;
         SettingValue value = fallback;
-        EXPECT_EQ(QueryValueEx(Key("Settings").Get(), "Other", value), c.result) << c.bytes;
+        EXPECT_EQ(QueryValueEx(Settings().Get(), "Other", value), c.result) << c.bytes;
     }
+    PutRaw("", REG_SZ, std::string("unnamed", 8));
+    EXPECT_EQ(regis.GetKeyValue("Settings", "", fallback), fallback);
+    EXPECT_EQ(regis.GetKeyValue("Settings", "Last", 1000), SettingValue(1000));
 }
 
-TEST_F(RegisTest, DeletesAValueASectionOrAll)
+TEST_F(RegisTest, DeletesAValueASectionOrAllAndTheBrandWithItsLastProgram)
 {
+    Regis other(brand_ + "\\Other");
+    EXPECT_EQ(other.CreateNewKey("Settings"), 0);
+    EXPECT_EQ(other.DeleteSetting("Settings", ""), 0);
     regis.SetKeyValue("Settings", "Last", "x");
     EXPECT_EQ(regis.CreateNewKey("StartSet"), 0);
     EXPECT_EQ(regis.CreateNewKey("StartSet"), 0);
-    EXPECT_TRUE(Exists(Path("\\StartSet")));
+    EXPECT_TRUE(Exists("\\Regis\\StartSet"));
 
     EXPECT_EQ(regis.DeleteSetting("Settings", "Last"), 0);
     EXPECT_EQ(regis.DeleteSetting("Settings", "Last"), ERROR_FILE_NOT_FOUND);
@@ -143,25 +127,13 @@ TEST_F(RegisTest, DeletesAValueASectionOrAll)
 
     EXPECT_NE(regis.DeleteSetting("", ""), 0); // sections stand in it
     EXPECT_EQ(regis.DeleteSetting("Settings", ""), 0);
-    EXPECT_FALSE(Exists(Path("\\Settings")));
+    EXPECT_FALSE(Exists("\\Regis\\Settings"));
     EXPECT_EQ(regis.DeleteSetting("StartSet", ""), 0);
     EXPECT_EQ(regis.DeleteSetting("", ""), 0);
-    EXPECT_FALSE(Exists(Path("")));
-}
-
-TEST_F(RegisTest, LeavesTheKeyOfTheBrandToItsOtherPrograms)
-{
-    const std::string brand = "BelquinTest " + std::to_string(GetCurrentProcessId());
-    Regis first(brand + "\\First");
-    Regis second(brand + "\\Second");
-    first.CreateNewKey("Settings");
-    first.DeleteSetting("Settings", "");
-    second.CreateNewKey("Settings");
-    second.DeleteSetting("Settings", "");
-    EXPECT_EQ(first.DeleteSetting("", ""), 0);
-    EXPECT_TRUE(Exists("Software\\" + brand + "\\Second"));
-    EXPECT_EQ(second.DeleteSetting("", ""), 0);
-    EXPECT_FALSE(Exists("Software\\" + brand));
+    EXPECT_FALSE(Exists("\\Regis"));
+    EXPECT_TRUE(Exists("\\Other"));
+    EXPECT_EQ(other.DeleteSetting("", ""), 0);
+    EXPECT_FALSE(Exists(""));
 }
 
 } // namespace

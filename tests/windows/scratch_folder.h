@@ -47,6 +47,22 @@ inline std::string Contents(const std::string& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// The files and folders in a folder.
+inline std::vector<WIN32_FIND_DATAA> FilesIn(const std::string& folder)
+{
+    std::vector<WIN32_FIND_DATAA> files;
+    WIN32_FIND_DATAA found = {};
+    const HANDLE search = FindFirstFileA((folder + "\\*").c_str(), &found);
+    for (BOOL more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileA(search, &found)) {
+        files.push_back(found);
+    }
+    FindClose(search);
+    std::erase_if(files, [](const WIN32_FIND_DATAA& file) {
+        return file.cFileName == std::string(".") || file.cFileName == std::string("..");
+    });
+    return files;
+}
+
 // A folder of the test's own below the system's temporary folder; gone with all in it afterwards.
 class ScratchFolder
 {
@@ -71,20 +87,15 @@ public:
 private:
     static void RemoveAll(const std::string& folder)
     {
-        WIN32_FIND_DATAA found = {};
-        const HANDLE search = FindFirstFileA((folder + "\\*").c_str(), &found);
-        for (BOOL more = search != INVALID_HANDLE_VALUE; more;
-             more = FindNextFileA(search, &found)) {
-            const std::string name = found.cFileName;
-            const std::string path = folder + "\\" + name;
-            if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+        for (const WIN32_FIND_DATAA& found : FilesIn(folder)) {
+            const std::string path = folder + "\\" + found.cFileName;
+            if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+                RemoveAll(path);
+            } else {
                 SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
                 DeleteFileA(path.c_str());
-            } else if (name != "." && name != "..") {
-                RemoveAll(path);
             }
         }
-        FindClose(search);
         RemoveDirectoryA(folder.c_str());
     }
 
