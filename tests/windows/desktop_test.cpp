@@ -1,13 +1,9 @@
 // The thin layer over the desktop: fonts, the message pump, and the view as a real window.
-#include "controls/kel_button_window.h"
-#include "controls/kel_pic_window.h"
 #include "docs/menu_line.h"
 #include "e2e/driver.h"
 #include "fakes/fake_shell.h"
 #include "mainwindow/menu_view.h"
 #include "platform/system_colors.h"
-#include "system/form_fonts.h"
-#include "system/locale_settings.h"
 #include "win32/gdi_canvas.h"
 #include "win32/message_pump.h"
 #include "win32/screen.h"
@@ -102,61 +98,6 @@ TEST(ScreenColors, ComeFromEitherKindOfNumber)
     EXPECT_EQ(ColorRef(SystemColor(COLOR_WINDOWTEXT)), GetSysColor(COLOR_WINDOWTEXT));
     EXPECT_EQ(ColorRef(INT32_MIN), GetSysColor(0));
     EXPECT_EQ(ColorRef(0x7F123456), 0x00123456u); // no palette of ours
-}
-
-// A font as one line: face, charset, pixels, weight.
-std::string ShownFont(HWND control)
-{
-    const auto font = reinterpret_cast<HFONT>(SendMessageA(control, WM_GETFONT, 0, 0));
-    const LOGFONTA record = RecordOf(font).value_or(LOGFONTA());
-    return std::string(record.lfFaceName) + " " + std::to_string(record.lfCharSet) + " " +
-           std::to_string(record.lfHeight) + " " + std::to_string(record.lfWeight);
-}
-
-TEST(FormFonts, ReachEveryControlThatHasAFontAndChangeFaceAndCharsetOnly)
-{
-    FormFonts fonts;
-    const Frame frame;
-    GdiText text{kScale, CodePage(1252)};
-    Pictures pictures{kScale};
-    Font designed = FontOf("Courier New", 12);
-    designed.bold = true;
-    designed.charset = 161;
-    const HFONT designedFont = text.Handle(designed);
-    const auto child = [&](const char* windowClass, HWND parent, HFONT font) {
-        const HWND control = CreateWindowExA(0, windowClass, "text", WS_CHILD | WS_VISIBLE, 0, 0,
-                                             90, 20, parent, nullptr, nullptr, nullptr);
-        SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-        return control;
-    };
-    const HWND edit = child("EDIT", frame.Handle(), designedFont);
-    const HWND bar = child("SCROLLBAR", frame.Handle(), nullptr);
-    const HWND box = child("STATIC", frame.Handle(), designedFont);
-    const HWND inner = child("LISTBOX", box, designedFont);
-    KelButtonWindow button(text, pictures);
-    KelPicWindow pic(text, pictures, CodePage(1252));
-    ASSERT_TRUE(button.Create(frame.Handle()) && pic.Create(frame.Handle()));
-    button.Button().SetFont(designed);
-    button.Button().SetCaption("caption");
-    button.Button().SetFixedSize(true);
-    pic.Pic().SetFont(FontOf("Courier New", 8)); // no whole number of pixels
-    const TwipSize sizeBefore = button.Button().Size();
-
-    fonts.SetFormFonts(frame.Handle());
-    const std::string face = "Tahoma " + std::to_string(UserCharset());
-    for (const HWND control : {edit, box, inner, button.Handle()}) {
-        EXPECT_EQ(ShownFont(control), face + " -16 700");
-    }
-    EXPECT_EQ(SendMessageA(edit, WM_GETFONT, 0, 0), SendMessageA(inner, WM_GETFONT, 0, 0));
-    EXPECT_EQ(ShownFont(bar), " 0 0 0"); // has none
-    EXPECT_EQ(ShownFont(pic.Handle()), face + " -11 400");
-    // A button of the size of its content is laid out again, window and all.
-    const TwipSize size = button.Button().Size();
-    EXPECT_NE(size, sizeBefore);
-    RECT place = {};
-    GetClientRect(button.Handle(), &place);
-    EXPECT_EQ(place.right, kScale.PixelsX(size.width));
-    EXPECT_EQ(place.bottom, kScale.PixelsY(size.height));
 }
 
 TEST(Fonts, KeepTheirHeightAsFontObjects)

@@ -41,7 +41,7 @@ protected:
         RegSetValueA(HKEY_CLASSES_ROOT, extension_.c_str(), REG_SZ, type_.c_str(), 0);
         RegSetValueA(HKEY_CLASSES_ROOT, (type_ + "\\shell\\open\\command").c_str(), REG_SZ,
                      (Quoted(recorder_) + " \"%1\"").c_str(), 0);
-        for (const std::string& file : {document_, spacedDocument_, unknown_}) {
+        for (const std::string& file : {spacedDocument_, unknown_}) {
             std::ofstream(file) << "x";
         }
         SetCurrentDirectoryA(folder_.c_str());
@@ -88,7 +88,6 @@ protected:
     const std::string companion_ = scratch_ / "NVSub.exe";
     const std::string type_ = "recorded" + std::to_string(GetCurrentProcessId());
     const std::string extension_ = ".rq" + std::to_string(GetCurrentProcessId());
-    const std::string document_ = scratch_ / "a" + extension_;
     const std::string spacedDocument_ = blanks_ + "\\b c" + extension_;
     const std::string unknown_ = scratch_ / "a.unknown" + extension_.substr(1);
     const std::string record_ = scratch_ / "record";
@@ -126,7 +125,8 @@ TEST_F(LinkLaunch, StartsProgramsAndDocuments)
         // The menu takes the switch off; the companion's own show state hands it on.
         {"NVSUB " + recorder_ + " a /NV+", program + "  a", "shell", folder_, "3"},
         {"\"NVSUB\" " + spaced + " a /NV- " + blanks_, spaced + "  a", "shell", blanks_, "2"},
-        {"NVSUB " + document_ + " x", program + " " + document_ + " x", "shell", folder_, "1"},
+        {"NVSUB " + spacedDocument + " x", program + " " + spacedDocument + " x", "shell", folder_,
+         "1"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.command);
