@@ -30,14 +30,6 @@ protected:
         EXPECT_NE(dialog, nullptr);
         return dialog;
     }
-    // Of two, in edit mode.
-    void RemoveAnEntry()
-    {
-        EXPECT_TRUE(EnterEditMode());
-        PressKey(VK_DELETE);
-        EXPECT_TRUE(Until(
-            [this] { return SendMessageA(Running().Control(kList), LB_GETCOUNT, 0, 0) == 1; }));
-    }
 };
 
 TEST_F(Dialogs, OpenAndCreateMenus)
@@ -143,7 +135,8 @@ TEST_F(Dialogs, OpenMenuByKeyboardAndPickerAsksAboutChanges)
     const std::string start = WriteMenu("Start.nvm", {{}, {}});
     const std::string other = WriteMenu("Other.nvm", {});
     Program& program = Open(start);
-    RemoveAnEntry();
+    EXPECT_TRUE(EnterEditMode());
+    RemoveOneOfTwo();
     HWND dialog = OpenDialog("Open Menu", kOpenTitle);
     const RECT own = PlaceOf(dialog);
     const RECT main = PlaceOf(program.Window());
@@ -186,7 +179,8 @@ TEST_F(Dialogs, TheEndOfTheSessionAsksOnceWhateverIsShown)
     const HWND window = program.Window();
     const auto mayEnd = [window] { return SendMessageA(window, WM_QUERYENDSESSION, 0, 0) != 0; };
     EXPECT_TRUE(mayEnd()); // nothing to save, nothing asked
-    RemoveAnEntry();
+    EXPECT_TRUE(EnterEditMode());
+    RemoveOneOfTwo();
     for (const bool inDialog : {true, false}) {
         const HWND dialog = inDialog ? OpenDialog("Open Menu", kOpenTitle) : nullptr;
         auto answer = std::async(std::launch::async, mayEnd);

@@ -47,12 +47,6 @@ protected:
                    (IsWindowVisible(Running().View()) != 0) != editing;
         });
     }
-    // Removes the selected entry of two.
-    void RemoveOne()
-    {
-        PressKey(VK_DELETE);
-        EXPECT_TRUE(Until([&] { return Count() == 1; }));
-    }
     // Saves with Ctrl+S; what the file then holds.
     std::string Saved(const std::string& path)
     {
@@ -135,7 +129,7 @@ TEST_F(Editor, KeepsTheEditsUntilTheUserGivesThemUp)
     const std::string before = Contents(start);
     SetSetting("Settings", "Home", home);
     Program& program = Edit(start);
-    RemoveOne();
+    RemoveOneOfTwo();
     // Files that another program has open: told, and nothing is lost.
     const auto hold = [](const std::string& path) {
         return CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -164,7 +158,7 @@ TEST_F(Editor, KeepsTheEditsUntilTheUserGivesThemUp)
     EXPECT_TRUE(EnterEditMode());
     EXPECT_EQ(Count(), 2);
     EXPECT_EQ(Contents(start), before);
-    RemoveOne();
+    RemoveOneOfTwo();
     for (const char* button : {"Cancel", "Yes"}) {
         PostMessageA(program.Window(), WM_CLOSE, 0, 0);
         ExpectSaveQuestion(start, button);

@@ -66,15 +66,8 @@ TEST_F(Keyboard, ReachesAndPressesEveryLinkAndEveryButton)
     EXPECT_TRUE(program.WaitForFocus(kView));
     PressKey(VK_RETURN);
     EXPECT_EQ(WaitForRecordedWord(), std::to_string(kLinks - 1));
-    // And forward again to the first one.
-    for (const std::string& button : buttons) {
-        PressKey(VK_TAB);
-        EXPECT_TRUE(program.WaitForFocus(button)) << button << " expected";
-    }
-    PressKey(VK_TAB);
-    EXPECT_TRUE(program.WaitForFocus(kView));
-    PressKey(VK_RETURN);
-    EXPECT_EQ(WaitForRecordedWord(), "0");
+    PressKey(VK_TAB); // and round to the first button again
+    EXPECT_TRUE(program.WaitForFocus(buttons.front()));
 }
 
 TEST_F(Keyboard, PressesButtonsAndClosesTheWindow)

@@ -213,14 +213,12 @@ TEST_F(ScreenReader, OpensLinksByTheirDefaultAction)
 {
     const std::string other = WriteMenu("Other.nvm", {{kLabel, "Only this", ""}});
     Program& program = Open(WriteMenu("Start.nvm", {{kTitle, "Title", ""},
-                                                    {kLink, "Run", Recorder("by name")},
+                                                    {kLink, "Run", Recorder("name")},
                                                     {kLink, "Gone", Path("Gone.nvm")},
                                                     {kLink, "Other", other}}));
     const Reader view(program.View());
     EXPECT_EQ(view.Act(2), S_OK);
-    const auto record = WaitForRecord();
-    ASSERT_FALSE(record.empty());
-    EXPECT_EQ(record[0].substr(record[0].rfind(' ') - 2), "by name");
+    EXPECT_EQ(WaitForRecordedWord(), "name");
     // The call does not wait for the box that the start brings, and none goes past the box.
     EXPECT_EQ(view.Act(3), S_OK);
     const auto box = program.WaitForBox();
@@ -256,7 +254,7 @@ TEST_F(ScreenReader, KnowsButtonsAndFieldsOfBothModes)
         EXPECT_EQ(button.Has(STATE_SYSTEM_UNAVAILABLE), !enabled);
     }
     const Reader insert(program.Button("Insert New"));
-    const Reader list(program.Control(301));
+    const Reader list(program.Control(kList));
     ASSERT_TRUE(switchBy("Normal", "NavrixMenuView"));
     EXPECT_EQ(insert.Act(), E_ACCESSDENIED);
     EXPECT_TRUE(list.Has(STATE_SYSTEM_INVISIBLE));
@@ -269,16 +267,16 @@ TEST_F(ScreenReader, KnowsButtonsAndFieldsOfBothModes)
     EXPECT_EQ(list.Role(2), ROLE_SYSTEM_LISTITEM);
     EXPECT_EQ(list.Found(2), 2);
     EXPECT_EQ(list.Act(2), S_OK);
-    EXPECT_TRUE(Until([&] { return TextOf(program.Control(303)) == "Two"; }));
+    EXPECT_TRUE(WaitForText(program.Control(kCaption), "Two"));
     EXPECT_TRUE(list.Has(STATE_SYSTEM_SELECTED | STATE_SYSTEM_FOCUSED, 2));
     EXPECT_FALSE(list.Has(STATE_SYSTEM_SELECTED, 1));
     // The platform takes the name of a field from the text before it.
     const std::pair<int, const char*> fields[] = {
-        {302, "Type:"}, {303, "Caption:"}, {304, "Command:"}};
+        {kType, "Type:"}, {kCaption, "Caption:"}, {kCommand, "Command:"}};
     for (const auto& [field, name] : fields) {
         EXPECT_EQ(TextOf(GetWindow(program.Control(field), GW_HWNDPREV)), name);
     }
-    EXPECT_EQ(Reader(program.Control(303)).Name(), L"Caption:");
+    EXPECT_EQ(Reader(program.Control(kCaption)).Name(), L"Caption:");
 }
 
 } // namespace nv::e2e

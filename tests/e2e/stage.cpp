@@ -184,6 +184,13 @@ bool Stage::EnterEditMode()
     return program_->WaitForFocus("ListBox");
 }
 
+void Stage::RemoveOneOfTwo()
+{
+    PressKey(VK_DELETE);
+    const HWND list = program_->Control(kList);
+    EXPECT_TRUE(Until([&] { return SendMessageA(list, LB_GETCOUNT, 0, 0) == 1; }));
+}
+
 bool Stage::ClickOn(COLORREF color)
 {
     const auto at = WaitForColor(program_->View(), color);

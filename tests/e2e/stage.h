@@ -89,6 +89,8 @@ protected:
     void ExpectSaveQuestion(const std::string& path, const std::string& answer);
     // Switches to edit mode, and waits until its list has the keyboard.
     bool EnterEditMode();
+    // There, of two entries: removes the selected one.
+    void RemoveOneOfTwo();
     // Ends the running program as the user does; its exit code.
     std::optional<DWORD> Close() { return program_->Close(); }
     // Clicks on what stands in the view in that colour.

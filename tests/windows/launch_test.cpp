@@ -163,22 +163,15 @@ TEST_F(LinkLaunch, StartsNothing)
     EXPECT_EQ(LastStart()[0], Quoted(recorder_) + "  last");
 }
 
-TEST_F(LinkLaunch, TheCompanionSaysWhatItCouldNotStart)
+TEST_F(LinkLaunch, TheCompanionTellsByItsExitCode)
 {
-    const std::pair<std::string, std::string> cases[] = {
-        {" \"C:\\no such\\thing.exe\" a", "Cannot start:\n\nC:\\no such\\thing.exe\n\n"},
-        {" " + recorder_ + " /NV+ C:\\missing", "Cannot start:\n\n" + recorder_ + "\n\n"},
-        {" /NV+", "NVSUB starts the program"},
-    };
-    for (const auto& [arguments, textBegins] : cases) {
-        const e2e::Program companion(Quoted(companion_) + arguments);
-        const auto box = companion.WaitForBox();
-        ASSERT_TRUE(box) << arguments;
-        EXPECT_EQ(box->title, "Navrix Menu");
-        EXPECT_EQ(box->text.substr(0, textBegins.size()), textBegins);
-        EXPECT_TRUE(companion.Answer(*box, "OK"));
-        EXPECT_EQ(companion.ExitCode(), 1u) << arguments;
-    }
+    const e2e::Program useless(Quoted(companion_) + " /NV+");
+    const auto box = useless.WaitForBox();
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->title, "Navrix Menu");
+    EXPECT_TRUE(box->text.starts_with("NVSUB starts the program")) << box->text;
+    EXPECT_TRUE(useless.Answer(*box, "OK"));
+    EXPECT_EQ(useless.ExitCode(), 1u);
     const e2e::Program companion(Quoted(companion_) + " " + Quoted(spacedRecorder_) + " a b");
     EXPECT_EQ(companion.ExitCode(), 0u); // what it started goes on for as long as this is kept
     EXPECT_EQ(LastStart()[0], Quoted(spacedRecorder_) + "  a b");
