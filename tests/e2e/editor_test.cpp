@@ -2,8 +2,6 @@
 // then stands in the file.
 #include "e2e/stage.h"
 
-#include <algorithm>
-
 namespace nv::e2e
 {
 

@@ -160,7 +160,8 @@ void Stage::OpenInShell(const std::string& file, const std::string& menu)
 }
 
 void Stage::ExpectBox(const std::string& text, BoxIcon icon,
-                      const std::vector<std::string>& buttons, std::string answer)
+                      const std::vector<std::string>& buttons, std::string answer,
+                      const std::string& byEnter)
 {
     const auto box = program_->WaitForBox();
     ASSERT_TRUE(box) << "no message box\n" << program_->OnScreen();
@@ -168,7 +169,7 @@ void Stage::ExpectBox(const std::string& text, BoxIcon icon,
     EXPECT_EQ(box->title, kPlainTitle);
     EXPECT_EQ(box->icon, icon);
     EXPECT_EQ(box->buttons, buttons);
-    EXPECT_EQ(box->defaultButton, buttons.front());
+    EXPECT_EQ(box->defaultButton, byEnter.empty() ? buttons.front() : byEnter);
     EXPECT_TRUE(program_->Answer(*box, answer.empty() ? buttons.front() : answer));
 }
 

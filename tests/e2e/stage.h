@@ -83,8 +83,10 @@ protected:
     void OpenInShell(const std::string& file, const std::string& menu);
     Program& Running() { return *program_; }
     // Waits for a message box, which must be so, and presses the button answer, or the only one.
+    // The Enter key would press the one named byEnter, or the first.
     void ExpectBox(const std::string& text, BoxIcon icon,
-                   const std::vector<std::string>& buttons = {"OK"}, std::string answer = "");
+                   const std::vector<std::string>& buttons = {"OK"}, std::string answer = "",
+                   const std::string& byEnter = "");
     // Waits for the question whether to save the changes of a menu, and answers it.
     void ExpectSaveQuestion(const std::string& path, const std::string& answer);
     // Switches to edit mode, and waits until its list has the keyboard.

@@ -32,6 +32,13 @@ std::string TicketOf(const std::string& servers, const std::string& workstations
            "\r\n<< Navrix Trouble Ticket >>";
 }
 
+std::string WhatToDo(const std::string& with)
+{
+    return "\n\nPlease do not change it and leave it as it is.\n\n" + with +
+           " it to your e-mail message and send it to " SUPPORT_ADDRESS
+           ".\nThe destination e-mail address is also in the first line of Trouble Ticket.";
+}
+
 } // namespace
 
 class Ticket : public Stage
@@ -68,16 +75,6 @@ protected:
     bool WaitForText(int control, const std::string& text) const
     {
         return nv::e2e::WaitForText(Item(control), text);
-    }
-    // Waits for a box, whose text is to begin so, and answers it.
-    void ExpectBoxBegins(const std::string& start, BoxIcon icon = BoxIcon::exclamation)
-    {
-        const auto box = Running().WaitForBox();
-        ASSERT_TRUE(box);
-        EXPECT_EQ(box->text.substr(0, start.size()), start);
-        EXPECT_EQ(box->title, kPlainTitle);
-        EXPECT_EQ(box->icon, icon);
-        EXPECT_TRUE(Running().Answer(*box, "OK"));
     }
     // Presses the button to save, and names the file or, with no name, cancels; the picker.
     HWND SaveAs(const std::string& name)
@@ -133,10 +130,11 @@ TEST_F(Ticket, IsFilledInByKeyboardAndSentToTheClipboard)
     }
     SetDlgItemTextA(support_, kProblem, "Again: ");
     PressKey(VK_RETURN);
-    ExpectBoxBegins("Please enter your e-mail where do you want to recive our reply.");
+    ExpectBox("Please enter your e-mail where do you want to recive our reply.",
+              BoxIcon::exclamation);
     EXPECT_TRUE(WaitForFocus(kEmail));
     Type("ann@office.example\r");
-    ExpectBoxBegins("You have to enter at least one server or workstation.");
+    ExpectBox("You have to enter at least one server or workstation.", BoxIcon::exclamation);
     EXPECT_TRUE(WaitForFocus(kCounts));
     Type("1x2-a");
     EXPECT_TRUE(WaitForText(kCounts, "12")) << Text(kCounts);
@@ -145,12 +143,12 @@ TEST_F(Ticket, IsFilledInByKeyboardAndSentToTheClipboard)
     PressKey(VK_TAB);
     EXPECT_TRUE(WaitForText(kCounts, "0"));
     Type("3\r");
-    ExpectBoxBegins("You have to enter at least one operating system.");
+    ExpectBox("You have to enter at least one operating system.", BoxIcon::exclamation);
     EXPECT_TRUE(WaitForFocus(kServers));
     for (const int key : {VK_SPACE, VK_RIGHT, VK_RIGHT, VK_RIGHT, VK_SPACE, VK_RETURN}) {
         PressKey(static_cast<WORD>(key));
     }
-    ExpectBoxBegins("Please describe your problem.");
+    ExpectBox("Please describe your problem.", BoxIcon::exclamation);
     EXPECT_TRUE(WaitForFocus(kProblem));
     Type("a line\rand another");
     const std::string problem = "Again: a line\r\nand another";
@@ -160,11 +158,12 @@ TEST_F(Ticket, IsFilledInByKeyboardAndSentToTheClipboard)
 
     HoldClipboard();
     PressKey(VK_RETURN);
-    ExpectBoxBegins("There was an error creating Trouble Ticket.");
+    ExpectBox("There was an error creating Trouble Ticket.", BoxIcon::exclamation);
     CloseClipboard();
     EXPECT_TRUE(WaitForFocus(kToClipboard));
     PressKey(VK_RETURN);
-    ExpectBoxBegins("Your Trouble Ticket has been sent to clipboard.", BoxIcon::information);
+    ExpectBox("Your Trouble Ticket has been sent to clipboard." + WhatToDo("Paste"),
+              BoxIcon::information);
     EXPECT_EQ(Clipboard(), TicketOf("0, 3, 2000-XP", "0, 0, ", problem));
     EXPECT_TRUE(WaitForFocus(kClose));
     PressKey(VK_RETURN);
@@ -211,8 +210,9 @@ TEST_F(Ticket, IsSavedToAFile)
     EXPECT_TRUE(WaitForFocus(kToFile)); // and no box, which would have it
 
     SaveAs(Path("ticket"));
-    ExpectBoxBegins("Your Trouble Ticket has been copied to file: " + Path("ticket.txt") + ".",
-                    BoxIcon::information);
+    ExpectBox("Your Trouble Ticket has been copied to file: " + Path("ticket.txt") + "." +
+                  WhatToDo("Attach"),
+              BoxIcon::information);
     EXPECT_EQ(Contents(Path("ticket.txt")), ticket);
     EXPECT_TRUE(WaitForFocus(kClose));
 
@@ -222,7 +222,7 @@ TEST_F(Ticket, IsSavedToAFile)
     const auto overwrite = Running().WaitForBox();
     ASSERT_TRUE(overwrite);
     EXPECT_TRUE(Running().Answer(*overwrite, "Yes"));
-    ExpectBoxBegins("Cannot write your Trouble Ticket to file: " + Path("held.txt"), BoxIcon::stop);
+    ExpectBox("Cannot write your Trouble Ticket to file: " + Path("held.txt"), BoxIcon::stop);
     CloseHandle(held);
     EXPECT_EQ(Contents(Path("held.txt")), "old");
     EXPECT_TRUE(WaitForFocus(kToFile));

@@ -8,8 +8,6 @@
 #include "win32/message_pump.h"
 #include "win32/screen.h"
 
-#include <commctrl.h>
-
 #include <gtest/gtest.h>
 #include <string>
 
