@@ -1,6 +1,10 @@
 // The mouse in the view and on the toolbar: links, Back, and programs that are started.
 #include "e2e/stage.h"
 
+#include <commctrl.h>
+
+#include <algorithm>
+
 namespace nv::e2e
 {
 
@@ -76,6 +80,27 @@ TEST_F(Navigation, ALinkStartsItsProgramOnTheReleaseOfAnyButton)
         ReleaseMouse(*second, up);
         EXPECT_EQ(WaitForRecordedWord(), "second");
     }
+}
+
+TEST_F(Navigation, PointingAtALinkShowsItsCommand)
+{
+    Program& program = Open(WriteLinks("A.nvm", {"notepad.exe"}));
+    const auto link = WaitForColor(program.View(), Mark(0));
+    ASSERT_TRUE(link);
+    DWORD process = 0;
+    GetWindowThreadProcessId(program.Window(), &process);
+    const auto tipShown = [process] {
+        const auto windows = TopWindowsOf(process);
+        return std::any_of(windows.begin(), windows.end(), [](HWND window) {
+            return ClassOf(window) == TOOLTIPS_CLASSA && IsWindowVisible(window);
+        });
+    };
+    EXPECT_FALSE(tipShown());
+    MoveMouse(*link);
+    MoveMouse({link->x + 1, link->y});
+    EXPECT_TRUE(Until(tipShown));
+    MoveMouse({0, 0});
+    EXPECT_TRUE(Until([&] { return !tipShown(); }));
 }
 
 } // namespace nv::e2e

@@ -27,6 +27,8 @@ TEST(Placement, StartsWithinLimitsAndInView)
         {"caption above it", {100, -5000, 10000, 8000}, false, one, {100, 0, 10000, 8000}},
         {"larger than all", {0, 0, 2e9f, 2e9f}, false, one, {0, 0, 19200, 15000}},
         {"too high", {1000, 1000, 10000, 2e9f}, false, one, {1000, 0, 10000, 15000}},
+        {"too small", {100, 100, 5000, 3000}, false, one, {100, 100, 10000, kFrame + 6195}},
+        {"small, but locked", {100, 100, 5000, 3000}, true, one, {100, 100, 5000, 3000}},
         {"a corner of it is seen", {18900, 0, 10000, 8000}, false, one, {9200, 0, 10000, 8000}},
     };
     for (const auto& c : cases) {
