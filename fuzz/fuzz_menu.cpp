@@ -60,7 +60,7 @@ Texts LinesOf(std::string_view contents)
         if (open) {
             lines.back() += contents[at];
         }
-        at += contents.substr(at, 2) == "\r\n" ? 1 : 0;
+        at += contents.substr(at, 2) == "\r\n" ? 1u : 0u;
     }
     for (std::string& line : lines) {
         line = WithBreaks(line, "\x01");
