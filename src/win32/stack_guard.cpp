@@ -12,6 +12,8 @@ namespace
 {
 
 constexpr std::uint32_t kStackCookieCheckFailure = 2; // of the system's fast failures
+constexpr DWORD kFastFailAvailable = 23;              // not before Windows 8
+constexpr UINT kStackBufferOverrun = 0xC0000409;      // the status that a fast failure leaves
 
 // The system's random number generator, without a provider of keys.
 std::uint64_t Random()
@@ -34,7 +36,7 @@ extern "C" {
 void* __stack_chk_guard = nullptr;
 
 // Before all other constructors.
-__attribute__((constructor(101), no_stack_protector)) void SetStackGuard()
+__attribute__((constructor(101), no_stack_protector)) static void SetStackGuard()
 {
     // Its first byte is zero: no text that is copied too far can hold it.
     __stack_chk_guard = reinterpret_cast<void*>(static_cast<std::uintptr_t>(Random() << 8));
@@ -43,6 +45,9 @@ __attribute__((constructor(101), no_stack_protector)) void SetStackGuard()
 // Ends the process at once: nothing on the stack can be trusted, handlers neither.
 [[noreturn]] void __stack_chk_fail()
 {
+    if (!IsProcessorFeaturePresent(kFastFailAvailable)) {
+        TerminateProcess(GetCurrentProcess(), kStackBufferOverrun);
+    }
     __asm__ volatile("int $0x29" : : "c"(kStackCookieCheckFailure));
     __builtin_unreachable();
 }
