@@ -30,6 +30,7 @@ BenchWindow::BenchWindow(const std::string& folder, std::vector<std::size_t> ent
                          std::vector<std::string> targets)
     : form_(MakeForm(ProgramFolder() + "\\" + folder, entries, targets))
 {
+    SetUpProcess();
     const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
     if (!form_.StartUp("", SW_SHOWNORMAL)) {

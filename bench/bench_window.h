@@ -53,7 +53,6 @@ private:
                     const std::vector<std::string>& targets);
     bool FillsView();
 
-    ProcessSetup setup_;
     std::vector<std::size_t> fileSizes_;
     MessagePump pump_;
     std::optional<Form1> ownForm_;

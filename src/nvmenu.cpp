@@ -1,4 +1,4 @@
-// The program: makes the process fit for shell calls, opens the main window and runs its messages.
+// The program: sets the process up, opens the main window and runs its messages.
 #include "mainwindow/command_line.h"
 #include "mainwindow/form1.h"
 #include "version.h"
@@ -10,7 +10,7 @@
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showCommand)
 {
-    const nv::ProcessSetup setup;
+    nv::SetUpProcess();
     const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
 

@@ -114,7 +114,7 @@ int Run(nv::ToolOutput& output)
 
 int main()
 {
-    const nv::ProcessSetup setup;
+    nv::SetUpProcess();
     StandardOutput output;
     int code = 2;
     try {

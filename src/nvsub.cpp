@@ -50,7 +50,7 @@ int Run()
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
-    const nv::ProcessSetup setup;
+    nv::SetUpProcess();
     int code = 1;
     try {
         code = Run();

@@ -63,7 +63,7 @@ private:
     // that loads never run inside each other. Of several jobs the last one is run. A load that was
     // ended for a job that opened nothing begins again.
     void WhenFree(Job job);
-    void TellNoMemory();
+    void TellNoMemory(); // may re-enter
     // Runs job now or, while a menu loads, after the load.
     void WhenLoaded(Job job);
     // What is to run next of all that was asked for; nothing.
@@ -94,6 +94,7 @@ private:
     void OnEntryClick(std::uint32_t entry);
     // The panels P2 and P3: one is shown, or neither.
     enum class Mode { run = 0, edit = 1, none = 2 };
+    // May re-enter, when there are no windows to be had for the editor.
     void TMode(Mode mode);
     // The window in it that takes the keyboard.
     HWND PanelInView() const;

@@ -133,14 +133,15 @@ void Form1::Place()
 
 void Form1::OpenFirstMenu(const std::string& filePart)
 {
-    bool opened = false;
     try {
-        opened = !filePart.empty() && document_.FOpen(StripQuotes(filePart));
+        if (!filePart.empty()) {
+            document_.FOpen(StripQuotes(filePart));
+        }
     } catch (const std::bad_alloc&) {
         TellNoMemory();
     }
     // Who asks for something else while the first menu loads has chosen already.
-    if (!opened && document_.CutShort().empty()) {
+    if (document_.FFile().empty() && document_.CutShort().empty() && !next_) {
         WhenFree([this] { ShowOpenMenu(false); }); // in locked mode as well: it has no other way
     }
 }

@@ -113,6 +113,7 @@ std::string ComDial::PickFile(const char* picker, OPENFILENAMEA record, const st
 
 Color ComDial::FontDialog(HDC deviceContext, HWND owner, Font& font, Color color)
 {
+    StartCom();
     const int dpi = GetDeviceCaps(deviceContext, LOGPIXELSY);
     LOGFONTA record = PickerRecord(font, dpi, ProcessCodePage());
     const COLORREF rgb = ColorRef(color);

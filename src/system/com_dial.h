@@ -19,7 +19,7 @@ LOGFONTA PickerRecord(const Font& font, int dpi, const CodePage& codePage);
 class ComDial
 {
 public:
-    // What FontDialog returns when the user cancels.
+    // What FontDialog returns when the user cancels, or the system has no such picker.
     static constexpr Color kCancelled = -1;
 
     // programFolder: without closing backslash, unless it is a drive root.

@@ -36,7 +36,7 @@ LONGLONG nv::HeapBytes()
     return bytes;
 }
 
-// The arrays and the rest call these.
+// The other forms call these, save those for aligned blocks, which nothing of ours asks for.
 
 void* operator new(std::size_t size)
 {

@@ -14,37 +14,43 @@ namespace nv
 namespace
 {
 
-enum class Com { untried, refused, started };
-Com com = Com::untried;
+// The thread's apartment, for as long as the object lives.
+class Com
+{
+public:
+    Com()
+    {
+        decltype(&CoInitializeEx) initialize = nullptr;
+        if (!LoadFunction("ole32.dll", "CoInitializeEx", initialize) ||
+            !LoadFunction("ole32.dll", "CoUninitialize", end_) ||
+            FAILED(initialize(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {
+            end_ = nullptr;
+        }
+    }
+    ~Com()
+    {
+        if (end_ != nullptr) {
+            end_();
+        }
+    }
+    Com(const Com&) = delete;
+    Com& operator=(const Com&) = delete;
+
+private:
+    decltype(&CoUninitialize) end_ = nullptr; // null: COM was not to be had
+};
 
 } // namespace
 
-ProcessSetup::ProcessSetup()
+void SetUpProcess()
 {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     SetDllDirectoryA("");
 }
 
-ProcessSetup::~ProcessSetup()
-{
-    decltype(&CoUninitialize) coUninitialize = nullptr;
-    if (com == Com::started && LoadFunction("ole32.dll", "CoUninitialize", coUninitialize)) {
-        com = Com::untried;
-        coUninitialize();
-    }
-}
-
 void StartCom()
 {
-    if (com != Com::untried) {
-        return;
-    }
-    com = Com::refused;
-    decltype(&CoInitializeEx) coInitializeEx = nullptr;
-    if (LoadFunction("ole32.dll", "CoInitializeEx", coInitializeEx) &&
-        SUCCEEDED(coInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {
-        com = Com::started;
-    }
+    static const Com com;
 }
 
 std::string ProgramFolder()
