@@ -68,8 +68,12 @@ complain 'Menus beside Start.nvm' < <(
 # are UTF-8 (win32/gdi_text); the last two are the C run-time's own.
 wide='DispatchMessage|GetMessage|IsDialogMessage|PeekMessage|WriteConsole'
 wide+='|DrawText|GetTextExtentExPoint|GetTextExtentPoint32|TextOut|GetModuleHandle|LoadLibrary'
-# Others of the system's are loaded when they are needed (win32/load_function): each costs every start.
 system_dlls='kernel32|user32|gdi32|advapi32|shell32|comctl32|msvcrt'
+# Each of those costs every start. These are loaded when they are needed (win32/load_function).
+late_dlls='comdlg32|ole32|oleacc|oleaut32'
+complain 'Loaded by name, and not of the system' < <(
+    grep -rnoE '"[A-Za-z0-9_]+\.(dll|DLL)"' src | grep -vE "\"($late_dlls)\.dll\"")
+complain 'Called by name, and for wide characters' < <(grep -rnE '"[A-Z][A-Za-z]+[a-z]W"' src)
 for program in build/windows{,32}/program/*.exe; do
     headers=$(x86_64-w64-mingw32-objdump -p "$program")
     dlls=$(sed -n 's/.*DLL Name: //p' <<<"$headers")
@@ -80,6 +84,8 @@ for program in build/windows{,32}/program/*.exe; do
         grep -vixE "($system_dlls)\.dll" <<<"$dlls")
     complain "$program calls functions for wide characters" < <(
         grep -E '[a-z]W$' <<<"$functions" | grep -vxE "($wide)W")
+    complain "$program has not our own stack guard (win32/stack_guard)" < <(
+        grep '^Crypt' <<<"$functions")
     complain "$program is too big" < <(find "$program" -size +999999c)
 done
 exit $wrong
