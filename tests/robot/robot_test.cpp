@@ -7,6 +7,7 @@
 #include "robot/menus.h"
 #include "robot/usage.h"
 #include "tool/menu_text.h"
+#include "win32/handles.h"
 #include "win32/win_files.h"
 
 #include <algorithm>
@@ -67,6 +68,26 @@ std::string WrittenAgain(const std::string& path)
         file += line + "\r\n";
     }
     return file;
+}
+
+// When the file at path was last written; 0: there is none.
+ULONGLONG LastWrite(const std::string& path)
+{
+    WIN32_FILE_ATTRIBUTE_DATA data = {};
+    GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data);
+    return ULONGLONG{data.ftLastWriteTime.dwHighDateTime} << 32 |
+           data.ftLastWriteTime.dwLowDateTime;
+}
+
+// The same, once it is long ago.
+ULONGLONG MadeOld(const std::string& path)
+{
+    const FileHandle file(CreateFileA(path.c_str(), FILE_WRITE_ATTRIBUTES,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, 0, nullptr));
+    const FILETIME old = {0, 0x01A00000}; // in the eighties
+    SetFileTime(file.Get(), nullptr, nullptr, &old);
+    return LastWrite(path);
 }
 
 std::string FileOf(const EditorModel& model)
@@ -223,10 +244,9 @@ protected:
 
     std::string Save(const std::string& path)
     {
-        DeleteFileA(path.c_str());
+        const ULONGLONG before = MadeOld(path);
         PressWithControl('S');
-        Await([&] { return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; },
-              "not saved: " + path);
+        Await([&] { return LastWrite(path) > before; }, "not saved: " + path);
         DemandAlive();
         return Contents(path);
     }
