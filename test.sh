@@ -36,10 +36,6 @@ clang-format-14 --dry-run -Werror "${code[@]}"
 
 begin 'The program for Windows'
 build windows
-begin 'The program for 32-bit Windows (it can only be compiled and linked here)'
-build windows32
-begin 'What no compiler checks (tools/lint.sh)'
-tools/lint.sh
 
 begin 'The rules, with sanitizers'
 build native
@@ -53,6 +49,11 @@ fuzzing=$!
 
 begin 'The rules and the windows, under Wine'
 ctest --preset windows
+
+begin 'The program for 32-bit Windows (it can only be compiled and linked here)'
+build windows32
+begin 'What no compiler checks (tools/lint.sh)'
+tools/lint.sh
 
 begin 'A robot that uses the program at random'
 tools/robot 60
