@@ -40,7 +40,8 @@ void MoveWindowTo(HWND window, const TwipRect& area, const ScreenScale& scale)
 {
     const RECT place = ToPixels(area, scale);
     SetWindowPos(window, nullptr, place.left, place.top, std::max<int>(place.right - place.left, 0),
-                 std::max<int>(place.bottom - place.top, 0), SWP_NOZORDER | SWP_NOACTIVATE);
+                 std::max<int>(place.bottom - place.top, 0),
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
 TwipPoint PointOf(LPARAM lParam, const ScreenScale& scale)

@@ -488,6 +488,12 @@ std::optional<POINT> Picture::Find(COLORREF color) const
     return POINT{index % width_, index / width_};
 }
 
+bool Picture::IsPlain() const
+{
+    return std::adjacent_find(pixels_.begin(), pixels_.end(), std::not_equal_to<>()) ==
+           pixels_.end();
+}
+
 bool Picture::Contains(const Picture& part) const
 {
     for (int y = 0; y + part.height_ <= height_; ++y) {

@@ -125,6 +125,7 @@ public:
     // A pixel of exactly that colour, the topmost one; in the client area.
     std::optional<POINT> Find(COLORREF color) const;
     bool Contains(const Picture& part) const;
+    bool IsPlain() const; // of one colour
     bool operator==(const Picture& other) const { return pixels_ == other.pixels_; }
 
 private:

@@ -2,6 +2,8 @@
 // then stands in the file.
 #include "e2e/stage.h"
 
+#include <algorithm>
+
 namespace nv::e2e
 {
 
@@ -227,6 +229,24 @@ TEST_F(Editor, EverythingHasItsPlaceAtEverySize)
           "Change Font...", "Edit", "Browse", "Save Menu", "Set This Menu As Home Menu"}) {
         PressKey(VK_TAB);
         EXPECT_TRUE(program.WaitForFocus(next)) << next << " is not it, but " << program.Focus();
+    }
+}
+
+TEST_F(Editor, IsDrawnWholeInAnySize)
+{
+    Program& program = Edit(WriteLinks("A.nvm", {"one", "two"}));
+    // Every button, label and box that has a text shows more than its ground.
+    const auto drawn = [&] {
+        const auto windows = ChildrenOf(program.Panel());
+        return std::all_of(windows.begin(), windows.end(), [](HWND window) {
+            return !Picture(window).IsPlain() || TextOf(window).empty();
+        });
+    };
+    EXPECT_TRUE(Until(drawn));
+    for (const SIZE size : {SIZE{1100, 900}, SIZE{700, 620}, SIZE{900, 700}}) {
+        SCOPED_TRACE(size.cx);
+        SetWindowPos(program.Window(), nullptr, 20, 20, size.cx, size.cy, SWP_NOZORDER);
+        EXPECT_TRUE(Until(drawn, 5000)) << program.OnScreen();
     }
 }
 
