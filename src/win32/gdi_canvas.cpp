@@ -35,10 +35,13 @@ void GdiCanvas::Text(TwipPoint at, const Font& font, Color color, std::string_vi
     constexpr std::size_t kWithoutLook = 512;
     const int x = scale_.PixelsX(at.x);
     if (text.size() > kWithoutLook) {
-        // Of a very long line only what can be seen is drawn, and one character more.
+        // Of a very long line only what can be seen is drawn, and one character more. Wine draws
+        // some letters narrower than it measures them.
+        constexpr double kReserve = 1.25;
         RECT clip = {};
         GetClipBox(dc_, &clip);
-        const auto fits = text_.Fit(font, text, scale_.TwipsX(std::max<int>(clip.right - x, 0)));
+        const double room = std::max<int>(clip.right - x, 0) * kReserve;
+        const auto fits = text_.Fit(font, text, scale_.TwipsX(room));
         text = text.substr(0, fits + text_.Page().FirstCharacters(text.substr(fits), 1).size());
     }
     const HGDIOBJ oldFont = SelectObject(dc_, text_.Handle(font));
