@@ -38,10 +38,16 @@ RECT ToPixels(const TwipRect& twips, const ScreenScale& scale)
 
 void MoveWindowTo(HWND window, const TwipRect& area, const ScreenScale& scale)
 {
-    const RECT place = ToPixels(area, scale);
-    SetWindowPos(window, nullptr, place.left, place.top, std::max<int>(place.right - place.left, 0),
-                 std::max<int>(place.bottom - place.top, 0),
-                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    RECT place = ToPixels(area, scale);
+    place.right = std::max(place.right, place.left);
+    place.bottom = std::max(place.bottom, place.top);
+    RECT now = {};
+    GetWindowRect(window, &now);
+    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&now), 2);
+    if (!EqualRect(&now, &place)) {
+        SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    }
 }
 
 TwipPoint PointOf(LPARAM lParam, const ScreenScale& scale)

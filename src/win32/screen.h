@@ -18,8 +18,9 @@ CodePage ProcessCodePage();
 TwipRect ToTwips(const RECT& pixels, const ScreenScale& scale);
 RECT ToPixels(const TwipRect& twips, const ScreenScale& scale);
 
-// Moves a window, which is painted anew; area in twips of its parent. Its picture does not move
-// along: a neighbour that was moved before may have been erased over it.
+// Moves a window to area, in twips of its parent; does nothing when it stands there. What is moved
+// is painted anew: its picture cannot move along, for a neighbour that was moved before may have
+// been erased over it.
 void MoveWindowTo(HWND window, const TwipRect& area, const ScreenScale& scale);
 
 // A mouse message's point, in twips.
