@@ -1,6 +1,7 @@
 #include "robot/hand.h"
 
 #include "robot/desktop.h"
+#include "robot/usage.h"
 
 #include <algorithm>
 
@@ -188,6 +189,11 @@ void Hand::Act(HWND main)
     const ModalKind kind = KindOf(modal);
     // Nothing at random in the pickers: they show real files.
     const bool picker = kind == ModalKind::fileNames || kind == ModalKind::fonts;
+    // They are told by messages, which no box over them keeps away as it keeps a user: Wine's crash
+    // when one closes them while they wait for a box. Once the last message is taken it is there.
+    if (picker && (!Until([main] { return !InputWaits(main); }) || ModalOver(main) != modal)) {
+        return Note("wait for the picker");
+    }
     Note(modal == nullptr || (besides && !picker) ? OnMain(main, random) : OnModal(modal, random));
 }
 
