@@ -121,7 +121,9 @@ void Form1::OnSize()
     const TwipRect body = {left, kBodyTop, client.width - left - kMargin,
                            client.height - kBodyTop - kBodyBottom};
     move(view_.Handle(), body);
-    move(panel_.Handle(), body);
+    if (panel_.IsCreated()) {
+        move(panel_.Handle(), body);
+    }
 }
 
 void Form1::OnGetMinMaxInfo(MINMAXINFO& info)
