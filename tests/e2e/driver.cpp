@@ -66,6 +66,33 @@ void Send(INPUT input)
     SendInput(1, &input, sizeof input);
 }
 
+// Stops the program that has the keyboard, so that it takes what is pressed meanwhile all at once:
+// when the display gives a window the keyboard or the pointer, Wine takes every key for up that no
+// keyboard of the display holds down, Control in the midst of a Ctrl+E, too.
+class Stopped
+{
+public:
+    Stopped()
+        : thread_(OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT, FALSE,
+                             GetWindowThreadProcessId(GetForegroundWindow(), nullptr)))
+    {
+        SuspendThread(thread_);
+        CONTEXT context = {};
+        context.ContextFlags = CONTEXT_CONTROL;
+        GetThreadContext(thread_, &context); // waits until it has stopped
+    }
+    Stopped(const Stopped&) = delete;
+    Stopped& operator=(const Stopped&) = delete;
+    ~Stopped()
+    {
+        ResumeThread(thread_);
+        CloseHandle(thread_);
+    }
+
+private:
+    HANDLE thread_;
+};
+
 } // namespace
 
 bool Until(const std::function<bool()>& condition, DWORD within)
@@ -371,6 +398,10 @@ void SendKey(WORD key, bool down)
 
 void PressKey(WORD key, std::initializer_list<WORD> held)
 {
+    std::optional<Stopped> stopped;
+    if (held.size() != 0) {
+        stopped.emplace();
+    }
     for (const WORD modifier : held) {
         SendKey(modifier, true);
     }

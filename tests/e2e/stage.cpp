@@ -68,7 +68,9 @@ void Stage::SetUp()
     CopyTo(folder_, "recorder.exe", "recorder.exe");
     ForgetRegistry();
     SetEnvironmentVariableA("NAVRIX_RECORD", Path("record").c_str());
-    MoveMouse({0, 0}); // where it points to nothing
+    // Where it points to nothing. Wine moves the display's pointer only when its own has moved.
+    MoveMouse({1, 1});
+    MoveMouse({0, 0});
 }
 
 void Stage::TearDown()

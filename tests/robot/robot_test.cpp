@@ -142,19 +142,10 @@ protected:
               kPatience);
     }
 
-    // Control is pressed until it stays so: Wine takes keys for up that no keyboard of the display
-    // holds down, some time after the pointer was moved.
     void PressWithControl(WORD key)
     {
-        const auto holds = [this] {
-            SendKey(VK_CONTROL, true);
-            DemandAllTaken();
-            return GetAsyncKeyState(VK_CONTROL) < 0;
-        };
-        Await(holds, "Control cannot be held", kDeadline);
-        PressKey(key);
+        PressKey(key, {VK_CONTROL});
         DemandAllTaken();
-        SendKey(VK_CONTROL, false);
     }
 
     // Acts at random; now and then the program gets time to come further in between.
