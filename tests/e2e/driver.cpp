@@ -66,9 +66,10 @@ void Send(INPUT input)
     SendInput(1, &input, sizeof input);
 }
 
-// Stops the program that has the keyboard, so that it takes what is pressed meanwhile all at once:
-// when the display gives a window the keyboard or the pointer, Wine takes every key for up that no
-// keyboard of the display holds down, Control in the midst of a Ctrl+E, too.
+// Stops the program that has the keyboard, so that it takes what is done meanwhile all at once.
+// What the display says comes late: that a window has the keyboard or the pointer now. Wine then
+// takes every key for up that no keyboard of the display holds down, Control in the midst of a
+// Ctrl+E, too, or ends a click half-way.
 class Stopped
 {
 public:
@@ -369,6 +370,7 @@ void SendMouse(POINT at, DWORD flags, DWORD data)
 
 void Click(POINT at)
 {
+    const Stopped stopped;
     PressMouse(at);
     ReleaseMouse(at);
 }
