@@ -1,6 +1,7 @@
 // Machines of other code pages: menus, folders and programs that have names in the language,
 // captions that are shown in it, and typing. These run once for each language, see NAVRIX_LOCALE in
 // tools/wine-run, and where all other tests run.
+#include "e2e/picture.h"
 #include "e2e/stage.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 // Edit mode, used as a user does: the list, the boxes, the buttons, the keys, the pickers, and what
 // then stands in the file.
+#include "e2e/picture.h"
 #include "e2e/stage.h"
 
 #include <algorithm>

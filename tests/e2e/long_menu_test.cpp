@@ -1,4 +1,5 @@
 // What the user may do while a long menu loads: everything.
+#include "e2e/picture.h"
 #include "e2e/stage.h"
 
 namespace nv::e2e

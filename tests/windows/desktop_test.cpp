@@ -1,6 +1,7 @@
 // The thin layer over the desktop: fonts, the message pump, and the view as a real window.
 #include "docs/menu_line.h"
 #include "e2e/driver.h"
+#include "e2e/picture.h"
 #include "fakes/fake_shell.h"
 #include "mainwindow/menu_view.h"
 #include "platform/system_colors.h"
