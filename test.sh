@@ -44,8 +44,8 @@ ctest --preset native
 # A minute of each fuzzer, beside what follows: the tests under Wine wait more than they work.
 begin 'The fuzzers'
 build fuzz
-# A process group of its own, to be ended as a whole. Not by setsid: Linux shares the processor
-# between what that separates, however nice it is.
+# A process group of its own, to be ended as a whole; not a setsid of its own, for which Linux sets
+# aside an equal share of the processor, so that nice counts only within it.
 set -m
 nice -n 19 fuzz/run.sh 60 >build/fuzz/run.log 2>&1 </dev/null &
 fuzzing=$!

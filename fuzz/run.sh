@@ -29,8 +29,9 @@ for corpus in fuzz/corpus/*/; do
     grown=$build/corpus/$target
     log=$build/$target.log
     mkdir -p "$grown"
-    # New inputs go to the first folder. A second is long for any of them: 10 are a loop.
-    if ! "$build/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=600 -timeout=10 \
+    # New inputs go to the first folder. A second is long for any of them; a minute is a loop, even
+    # where everything else goes first.
+    if ! "$build/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=600 -timeout=60 \
         -dict=fuzz/words.dict -artifact_prefix=$build/found/"$target"- "$grown" "$corpus" >"$log" 2>&1; then
         tail -n 60 "$log" >&2
         echo "fuzz/run.sh: fuzz_$target found something" >&2

@@ -68,32 +68,39 @@ void Send(INPUT input)
     SendInput(1, &input, sizeof input);
 }
 
-// Stops the program that has the keyboard, so that it takes what is done meanwhile all at once.
-// What the display says comes late: that a window has the keyboard or the pointer now. Wine then
-// takes every key for up that no keyboard of the display holds down, Control in the midst of a
-// Ctrl+E, too, or ends a click half-way.
+// Stops the thread that has the keyboard, unless it is of this program, so that it takes what is
+// done meanwhile all at once. The display reports late that a window has got the keyboard or the
+// pointer; Wine then takes every key for released that the display's own keyboard does not hold,
+// even Control in the midst of a Ctrl+E, or ends a click half-way.
 class Stopped
 {
 public:
     Stopped()
-        : thread_(OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT, FALSE,
-                             GetWindowThreadProcessId(GetForegroundWindow(), nullptr)))
     {
-        SuspendThread(thread_);
-        CONTEXT context = {};
-        context.ContextFlags = CONTEXT_CONTROL;
-        GetThreadContext(thread_, &context); // waits until it has stopped
+        DWORD process = 0;
+        const DWORD thread = GetWindowThreadProcessId(GetForegroundWindow(), &process);
+        if (process != GetCurrentProcessId()) {
+            thread_ = OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT, FALSE, thread);
+        }
+        if (thread_ != nullptr) {
+            SuspendThread(thread_);
+            CONTEXT context = {};
+            context.ContextFlags = CONTEXT_CONTROL;
+            GetThreadContext(thread_, &context); // waits until it has stopped, the above does not
+        }
     }
     Stopped(const Stopped&) = delete;
     Stopped& operator=(const Stopped&) = delete;
     ~Stopped()
     {
-        ResumeThread(thread_);
-        CloseHandle(thread_);
+        if (thread_ != nullptr) {
+            ResumeThread(thread_);
+            CloseHandle(thread_);
+        }
     }
 
 private:
-    HANDLE thread_;
+    HANDLE thread_ = nullptr;
 };
 
 } // namespace

@@ -102,10 +102,11 @@ inline void ReleaseMouse(POINT at, DWORD button = MOUSEEVENTF_LEFTUP)
 {
     SendMouse(at, button);
 }
-void Click(POINT at);
+void Click(POINT at);                  // while the program stands still
 void TurnWheel(POINT at, int notches); // up is positive
 POINT CentreOf(HWND window);
-// Presses key and lets it go, while the others are held.
+// Presses key and lets it go, while the others are held; with others, while the program stands
+// still.
 void PressKey(WORD key, std::initializer_list<WORD> held = {});
 // One half of that.
 void SendKey(WORD key, bool down);

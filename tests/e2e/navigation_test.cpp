@@ -28,7 +28,7 @@ TEST_F(Navigation, LinksOpenMenusInPlaceAndBackGoesThroughThemInReverse)
     const std::string b = Path("The other.nvm");
     const std::string c = "C.nvm"; // the program's folder is the current one
     const std::string d = ".\\d.Nvm";
-    // In colours of their own: the last menu may stand on the screen for a while yet.
+    // In colours of their own: the menu before may stand on the screen for a while yet.
     WriteLinks("D.nvm", {});
     WriteLinks("C.nvm", {d}, 2);
     WriteLinks("The other.nvm", {c}, 1);

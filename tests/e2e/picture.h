@@ -1,4 +1,4 @@
-// What stands on the screen, or would.
+// Pictures of the screen, and of what would be drawn there.
 #pragma once
 
 #include <windows.h>

@@ -68,7 +68,8 @@ void Stage::SetUp()
     CopyTo(folder_, "recorder.exe", "recorder.exe");
     ForgetRegistry();
     SetEnvironmentVariableA("NAVRIX_RECORD", Path("record").c_str());
-    // Where it points to nothing. Wine moves the display's pointer only when its own has moved.
+    // Where it points to nothing; twice, for where Wine believes it to be already, the display's
+    // pointer stays wherever it is.
     MoveMouse({1, 1});
     MoveMouse({0, 0});
 }
