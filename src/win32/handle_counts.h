@@ -1,6 +1,7 @@
 // What the owners in handles.h own, and what memory is allocated, counted in a test build only
-// (NAVRIX_COUNT_HANDLES): Wine does not say how many handles of which kind a process has, and what
-// its heap takes says little about leaks. In what ships nothing of it is left.
+// (NAVRIX_COUNT_HANDLES): Wine does not say how many handles of which kind a process has, and the
+// memory that a process takes says little about leaks, with all that is free in it. In what ships
+// nothing of it is left.
 #pragma once
 
 #include <windows.h>
@@ -42,14 +43,18 @@ template <class Traits> void CountHandles(LONG change)
 }
 
 constexpr WPARAM kInputWaits = 1000;
-constexpr WPARAM kHeapBytes = 1001;
+constexpr WPARAM kOwnBytes = 1001;
+constexpr WPARAM kAllBytes = 1002;
 
 // Bytes that the program's own objects hold now: what is allocated and not yet freed.
-LONGLONG HeapBytes();
+LONGLONG OwnBytes();
+// The same of everything in the process, what the system's DLLs hold included.
+LONGLONG AllBytes();
 
 // The answer to the registered message "NavrixHandleCount": of the kind with that number how many
 // are owned (low word) and its atom (high word); 0 when there is no such kind. Of number
-// kInputWaits: whether keys, clicks or posted messages wait to be taken. Of kHeapBytes: HeapBytes.
+// kInputWaits: whether keys, clicks or posted messages wait to be taken. Of kOwnBytes and
+// kAllBytes: OwnBytes and AllBytes.
 inline std::optional<LRESULT> AnswerHandleCount(UINT message, WPARAM number)
 {
     if (message != RegisterWindowMessageA("NavrixHandleCount")) {
@@ -58,8 +63,11 @@ inline std::optional<LRESULT> AnswerHandleCount(UINT message, WPARAM number)
     if (number == kInputWaits) {
         return HIWORD(GetQueueStatus(QS_INPUT | QS_POSTMESSAGE)) != 0;
     }
-    if (number == kHeapBytes) {
-        return HeapBytes();
+    if (number == kOwnBytes) {
+        return OwnBytes();
+    }
+    if (number == kAllBytes) {
+        return AllBytes();
     }
     const HandleCount& count = HandleCounts()[number];
     return MAKELONG(count.owned, count.kind);
