@@ -4,9 +4,9 @@
 // "On the screen" means the same for both: the window is visible, its thread answers a message, and
 // the screen shows the picture that stands there in the end. Left out of the picture is what moves
 // or comes later: notepad's caret, and the icons beside the entries.
+#include "e2e/picture.h"
 #include "figures.h"
 #include "sample_menu.h"
-#include "screen_part.h"
 
 #include <windows.h>
 
@@ -16,6 +16,8 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <string>
+#include <vector>
 
 namespace
 {
@@ -36,6 +38,15 @@ double Milliseconds()
     QueryPerformanceCounter(&now);
     QueryPerformanceFrequency(&frequency);
     return static_cast<double>(now.QuadPart) * 1000 / static_cast<double>(frequency.QuadPart);
+}
+
+// What a user would see there, of whatever process.
+std::vector<DWORD> ScreenPart(const RECT& area)
+{
+    const HDC screen = GetDC(nullptr);
+    auto pixels = nv::e2e::PixelsOf(screen, area);
+    ReleaseDC(nullptr, screen);
+    return pixels;
 }
 
 // The part of notepad's window that tells whether it stands: caption, menu bar and the paper right
@@ -64,7 +75,7 @@ struct Program {
     std::string commandLine;
     const char* windowClass;
     RECT (*part)(HWND);
-    std::vector<std::uint32_t> picture; // what its part shows in the end
+    std::vector<DWORD> picture; // what its part shows in the end
     std::vector<double> visible;
     std::vector<double> onScreen;
 };
@@ -110,9 +121,9 @@ public:
         return Milliseconds() - start_;
     }
     // The picture that stands when nothing has changed for a while.
-    std::vector<std::uint32_t> LastPicture()
+    std::vector<DWORD> LastPicture()
     {
-        std::vector<std::uint32_t> last;
+        std::vector<DWORD> last;
         for (int same = 0; same < 20;) {
             Sleep(50);
             auto now = Part();
@@ -154,13 +165,9 @@ private:
         }
         line.top += static_cast<LONG>(first / width);
         line.bottom = line.top + 1;
-        return std::ranges::equal(nv::bench::ScreenPart(line),
-                                  std::span(picture).subspan(first, width));
+        return std::ranges::equal(ScreenPart(line), std::span(picture).subspan(first, width));
     }
-    std::vector<std::uint32_t> Part() const
-    {
-        return nv::bench::ScreenPart(program_.part(window_));
-    }
+    std::vector<DWORD> Part() const { return ScreenPart(program_.part(window_)); }
 
     Program& program_;
     double start_;

@@ -5,16 +5,45 @@
 namespace nv::e2e
 {
 
+std::vector<DWORD> PixelsOf(HDC from, const RECT& area)
+{
+    if (IsRectEmpty(&area)) {
+        return {};
+    }
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height; // the top row first
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    const HDC dc = CreateCompatibleDC(from);
+    void* bits = nullptr;
+    const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    const HGDIOBJ old = SelectObject(dc, bitmap);
+    BitBlt(dc, 0, 0, width, height, from, area.left, area.top, SRCCOPY);
+    GdiFlush();
+    const auto* first = static_cast<const DWORD*>(bits);
+    std::vector<DWORD> pixels(first, first + width * height);
+    SelectObject(dc, old);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+    for (DWORD& pixel : pixels) {
+        pixel &= 0xFFFFFF;
+    }
+    return pixels;
+}
+
 Picture::Picture(HWND window)
 {
-    RECT client = {};
-    GetClientRect(window, &client);
-    width_ = client.right;
-    height_ = client.bottom;
-    POINT origin = {};
-    ClientToScreen(window, &origin);
+    RECT area = {};
+    GetClientRect(window, &area);
+    width_ = area.right;
+    height_ = area.bottom;
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
     const HDC screen = GetDC(nullptr);
-    Take(screen, origin);
+    pixels_ = PixelsOf(screen, area);
     ReleaseDC(nullptr, screen);
 }
 
@@ -29,7 +58,7 @@ Picture::Picture(SIZE size, const std::function<void(HDC)>& draw)
     const RECT all = {0, 0, width_, height_};
     FillRect(dc, &all, GetSysColorBrush(COLOR_BTNFACE));
     draw(dc);
-    Take(dc, {0, 0});
+    pixels_ = PixelsOf(dc, all);
     SelectObject(dc, old);
     DeleteObject(bitmap);
     DeleteDC(dc);
@@ -55,34 +84,6 @@ Picture Picture::OfText(const std::wstring& text, int points, BYTE charset, COLO
     });
     DeleteObject(font);
     return picture;
-}
-
-// Copies width_ by height_ pixels.
-void Picture::Take(HDC from, POINT origin)
-{
-    pixels_.resize(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_));
-    if (pixels_.empty()) {
-        return;
-    }
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width_;
-    info.bmiHeader.biHeight = -height_; // the top row first
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    const HDC dc = CreateCompatibleDC(from);
-    void* bits = nullptr;
-    const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HGDIOBJ old = SelectObject(dc, bitmap);
-    BitBlt(dc, 0, 0, width_, height_, from, origin.x, origin.y, SRCCOPY);
-    GdiFlush();
-    std::copy_n(static_cast<const DWORD*>(bits), pixels_.size(), pixels_.begin());
-    SelectObject(dc, old);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
-    for (DWORD& pixel : pixels_) {
-        pixel &= 0xFFFFFF;
-    }
 }
 
 std::optional<POINT> Picture::Find(COLORREF color) const

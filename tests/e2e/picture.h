@@ -12,6 +12,10 @@
 namespace nv::e2e
 {
 
+// The pixels of a part of what from draws on, 0xRRGGBB, row by row from the top; of an empty area
+// none.
+std::vector<DWORD> PixelsOf(HDC from, const RECT& area);
+
 class Picture
 {
 public:
@@ -28,7 +32,6 @@ public:
     bool operator==(const Picture& other) const { return pixels_ == other.pixels_; }
 
 private:
-    void Take(HDC from, POINT origin);
     const DWORD* Row(int y) const
     {
         return pixels_.data() + static_cast<std::ptrdiff_t>(y) * width_;
