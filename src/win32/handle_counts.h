@@ -48,7 +48,7 @@ constexpr WPARAM kAllBytes = 1002;
 
 // Bytes that the program's own objects hold now: what is allocated and not yet freed.
 LONGLONG OwnBytes();
-// The same of everything in the process, what the system's DLLs hold included.
+// The same of all heaps of the process, what the system's DLLs hold in them included.
 LONGLONG AllBytes();
 
 // The answer to the registered message "NavrixHandleCount": of the kind with that number how many

@@ -423,7 +423,7 @@ protected:
         const ULONGLONG start = GetTickCount64();
         RestoreMenus();
         Open(Path(kHomeName));
-        // What the largest menus leave behind in the heap is there from the beginning.
+        // What is remembered of the largest menus is there from the beginning.
         for (const std::string& name : hand_->Names()) {
             OpenAndWait(Path(name));
             SwitchTo(true);

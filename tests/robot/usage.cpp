@@ -38,8 +38,8 @@ constexpr std::pair<const char*, long long> kAllowances[] = {
     // What it remembers: the menus that were left, and the heights of up to 4,096 fonts, some 100
     // bytes each.
     {kOwnMemory, 512 * 1024},
-    // Kept by Wine: some hundred bytes for each picker, and now and then 5 MB in which its edit
-    // control broke a caption of 15,000 letters into lines.
+    // Kept by Wine: some hundred bytes for each picker, and 5 MB in which its edit control broke a
+    // caption of 15,000 letters into lines: about once in ten minutes, room for three.
     {kSystemMemory, 16 * 1024 * 1024},
 };
 
