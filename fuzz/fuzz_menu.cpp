@@ -47,9 +47,12 @@ std::string WithBreaks(std::string_view line, std::string_view single)
     return text;
 }
 
+constexpr char kByteOrder[] = "\xEF\xBB\xBF";
+
 // The lines of a file, taken one byte after the other.
 Texts LinesOf(std::string_view contents)
 {
+    contents.remove_prefix(contents.starts_with(kByteOrder) ? 3 : 0);
     Texts lines;
     bool open = false; // the last of lines has no end yet
     for (std::size_t at = 0; at < contents.size(); ++at) {
@@ -115,7 +118,7 @@ void CheckLineEnds(const std::string& contents)
     CHECK(ReadMenuText(files, kFirst, text) == 0);
     CHECK(text.ends.size() == text.lines.size());
     const char* const ends[] = {"\r\n", "\r", "\n", ""}; // by LineEnd
-    std::string whole;
+    std::string whole = text.byteOrderMark ? kByteOrder : "";
     for (std::size_t index = 0; index < text.ends.size(); ++index) {
         std::string line(text.lines[index]);
         for (auto at = line.find("\r\n"); at != std::string::npos; at = line.find("\r\n", at)) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace nv
 {
@@ -30,6 +31,7 @@ public:
 
 private:
     void MakeRoom();
+    bool PassByteOrderMark();
     bool TakeLines();
     bool EndLine(const char* lineEnd);
 
@@ -40,6 +42,7 @@ private:
     char* used_ = nullptr;            // end of what was read into the block
     char* blockEnd_ = nullptr;
     const char* scanned_ = nullptr; // how far the unfinished line was searched
+    bool begun_ = false;            // the file's first bytes were looked at
     bool breaks_ = false;           // the unfinished line holds stored line breaks
     bool skipLineFeed_ = false;     // what was read ended in CR: an LF that follows belongs to it
 };
@@ -59,7 +62,7 @@ ReadOutcome LineReader::Run(SystemError& error)
             break;
         }
         used_ += got;
-        if (!TakeLines()) {
+        if (PassByteOrderMark() && !TakeLines()) {
             return ReadOutcome::ended;
         }
     }
@@ -80,6 +83,21 @@ void LineReader::MakeRoom()
     used_ = block + unfinished;
     scanned_ = used_;
     blockEnd_ = block + size;
+}
+
+// An editor of another program may have put the mark before the first entry's type. False: it may
+// still turn out to be there.
+bool LineReader::PassByteOrderMark()
+{
+    const std::string_view read(lineStart_, static_cast<std::size_t>(used_ - lineStart_));
+    if (!begun_ && read.size() < kByteOrderMark.size() && kByteOrderMark.starts_with(read)) {
+        return false;
+    }
+    if (!std::exchange(begun_, true) && read.starts_with(kByteOrderMark)) {
+        lineStart_ += kByteOrderMark.size();
+        scanned_ = lineStart_;
+    }
+    return true;
 }
 
 // Takes the lines that end in what was read; false when they are no longer wanted.

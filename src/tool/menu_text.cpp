@@ -70,7 +70,7 @@ LineEnd EndAt(std::string_view bytes, std::size_t at)
 void FindEnds(std::string_view bytes, MenuText& text)
 {
     text.ends.reserve(text.lines.size());
-    std::size_t at = 0;
+    std::size_t at = text.byteOrderMark ? kByteOrderMark.size() : 0;
     for (std::size_t index = 0; index < text.lines.size(); ++index) {
         at += StoredSize(text.lines[index]);
         const LineEnd end = EndAt(bytes, at);
@@ -92,6 +92,7 @@ SystemError ReadMenuText(Files& files, const std::string& path, MenuText& text)
         KeptFile kept(*file);
         NoEvents pump;
         if (ReadMenuLines(kept, text.lines, pump, error) == ReadOutcome::whole) {
+            text.byteOrderMark = kept.Bytes().starts_with(kByteOrderMark);
             FindEnds(kept.Bytes(), text);
         }
     } catch (const std::bad_alloc&) {

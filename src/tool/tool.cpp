@@ -119,11 +119,17 @@ void Tool::CheckFile(const ToolFile& file)
         return;
     }
     std::string report;
+    const auto add = [&](std::size_t line, const std::string& finding) {
+        report.append(file.shown).append(":").append(std::to_string(line));
+        report.append(": ").append(finding).append("\r\n");
+        code_ = std::max<int>(code_, kFindings);
+    };
+    if (text->byteOrderMark) {
+        add(1, "the file begins with a byte-order mark, which is not read and not saved");
+    }
     for (std::size_t index = 0; index < text->lines.size(); ++index) {
         for (const std::string& finding : FindingsOf(*text, index)) {
-            report.append(file.shown).append(":").append(std::to_string(index + 1));
-            report.append(": ").append(finding).append("\r\n");
-            code_ = std::max<int>(code_, kFindings);
+            add(index + 1, finding);
         }
     }
     Write(report);

@@ -109,6 +109,9 @@ TEST_F(ToolTest, FindsWhatALineLoses)
           "2: the line ends with CR alone, without LF"}},
         // A stored line break takes one byte of the file, and two of the line.
         {Line("cap", "\x01\x01") + "\n" + whole, {"1: the line ends with LF alone, without CR"}},
+        {"\xEF\xBB\xBF" + Line() + "\n",
+         {"1: the file begins with a byte-order mark, which is not read and not saved",
+          "1: the line ends with LF alone, without CR"}},
         {"\r\n" + whole, {"1: the line is empty: an entry that is not shown"}},
         {std::string("\0<x>\r\n", 6), {"1: no entry can be read from \"^x00<x>\""}},
         {Line("2>", "12>") + "\r\n", {"1: \"12>\" is read as type 1"}},
