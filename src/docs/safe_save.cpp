@@ -11,6 +11,21 @@ namespace nv
 namespace
 {
 
+// Makes contents all that the file holds. The file is cut only when they stand in it.
+SystemError Overwrite(File& file, std::string_view contents)
+{
+    SystemError error = file.Rewind();
+    if (error == 0) {
+        error = file.Write(contents.data(), contents.size());
+    }
+    if (error == 0) {
+        error = file.Truncate();
+    }
+    return error == 0 ? file.Flush() : error;
+}
+
+} // namespace
+
 SystemError ReadAll(File& file, std::string& contents)
 {
     constexpr std::size_t kLeastRoom = std::size_t{64} * 1024;
@@ -28,21 +43,6 @@ SystemError ReadAll(File& file, std::string& contents)
     }
 }
 
-// Makes contents all that the file holds. The file is cut only when they stand in it.
-SystemError Overwrite(File& file, std::string_view contents)
-{
-    SystemError error = file.Rewind();
-    if (error == 0) {
-        error = file.Write(contents.data(), contents.size());
-    }
-    if (error == 0) {
-        error = file.Truncate();
-    }
-    return error == 0 ? file.Flush() : error;
-}
-
-} // namespace
-
 SafeSave::SafeSave(Files& files, std::string path) : files_(files), path_(std::move(path)) {}
 
 SafeSave::~SafeSave()
@@ -52,6 +52,10 @@ SafeSave::~SafeSave()
 
 SystemError SafeSave::Begin()
 {
+    const std::string behind = files_.BehindLink(path_);
+    if (!behind.empty()) {
+        path_ = behind;
+    }
     const FileAttributes attributes = files_.Attributes(path_);
     if (!attributes.exists) {
         return CreateTemporary();
@@ -66,7 +70,8 @@ SystemError SafeSave::Begin()
     }
     // Ignored: the file can be written in place, whatever speaks against a new one beside it (the
     // rights to the folder, a path that has no room for a longer name).
-    static_cast<void>(CreateTemporary());
+    static_cast<void>(CreateLike(path_));
+    inPlace_ = behind.empty() || files_.State(path_).names > 1;
     return 0;
 }
 
@@ -76,7 +81,9 @@ SystemError SafeSave::Finish(std::string_view contents)
         return WriteInPlace(contents);
     }
     SystemError error = WriteTemporary(contents);
-    if (error == 0) {
+    if (error == 0 && inPlace_) {
+        error = WriteInPlace(contents);
+    } else if (error == 0) {
         error = files_.Replace(temporaryPath_, path_);
         if (error == 0) {
             temporaryPath_.clear();
@@ -114,6 +121,18 @@ SystemError SafeSave::CreateTemporary()
         }
     }
     return error;
+}
+
+// With the access list of the file at path, or, where it would get some other one, with that of any
+// new file.
+SystemError SafeSave::CreateLike(const std::string& path)
+{
+    const SystemError error = CreateTemporary();
+    if (error != 0 || files_.CopyAccess(path, temporaryPath_)) {
+        return error;
+    }
+    RemoveTemporary();
+    return CreateTemporary();
 }
 
 SystemError SafeSave::WriteTemporary(std::string_view contents)

@@ -9,12 +9,17 @@
 namespace nv
 {
 
-// One save of a whole file. The new contents are written beside the file and then given its name in
-// one step: whatever fails or dies on the way, the old file or the new one stands whole under the
-// name. Where the folder takes no new files, or does not let the file be replaced, the file is
+// All bytes of file from its position on. Not 0: contents has what was read by then. Throws
+// std::bad_alloc.
+SystemError ReadAll(File& file, std::string& contents);
+
+// One save of a whole file. The new contents are written beside the file, with its access list, and
+// then given its name: whatever fails or dies on the way, the old file or the new one stands whole
+// under the name. Where the folder takes no new files, or does not let the file be replaced, and
+// where the file has other names (hard links), which would keep the old contents, the file is
 // written in place and put back as it was when that fails: it is then safe from a full disk, though
 // not from a program that dies while it writes. The new file beside, where there is one, stays
-// until the file is whole.
+// until the file is whole. A symbolic link stays one: the file that it leads to is written.
 class SafeSave
 {
 public:
@@ -32,6 +37,7 @@ public:
 
 private:
     SystemError CreateTemporary();
+    SystemError CreateLike(const std::string& path);
     SystemError WriteTemporary(std::string_view contents);
     SystemError WriteInPlace(std::string_view contents);
     void RemoveTemporary();
@@ -40,6 +46,7 @@ private:
     std::string path_;
     std::string temporaryPath_; // empty: none was created
     std::unique_ptr<File> temporary_;
+    bool inPlace_ = false; // the file must stay the one that it is
 };
 
 } // namespace nv

@@ -46,6 +46,14 @@ struct FileAttributes {
     bool hidden = false; // from who looks at the folder: a file of the system, too
 };
 
+// What tells whether a file was changed since it was looked at.
+struct FileState {
+    bool exists = false;
+    std::uint64_t size = 0;    // bytes
+    std::uint64_t written = 0; // when, in units of the system
+    unsigned names = 0;        // hard links
+};
+
 class Files
 {
 public:
@@ -54,6 +62,12 @@ public:
     virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode,
                                        SystemError& error) = 0;
     virtual FileAttributes Attributes(const std::string& path) = 0;
+    // Of the file itself, where path is a symbolic link. It is one of nothing when the file is not
+    // there, or cannot be looked at.
+    virtual FileState State(const std::string& path) = 0;
+    // Where path is a symbolic link, the full path of the file that it leads to, empty when the
+    // code page cannot say it; else path.
+    virtual std::string BehindLink(const std::string& path) = 0;
     // path from its drive on: one without that begins at the current folder. path itself when it
     // is none.
     virtual std::string FullPath(const std::string& path) = 0;
@@ -61,8 +75,14 @@ public:
     // order. The pattern may hold wildcards in its last part; hidden and system files count.
     // limit: as many as are wanted at most.
     virtual std::vector<std::string> List(const std::string& pattern, std::size_t limit) = 0;
-    // Gives from the name to, in one step, taking the place of a file of that name and keeping that
-    // file's attributes.
+    // Gives the file at to, which this process made, the access list of the one at from. True also
+    // when that is not possible, and to has the list it had. False: to has come to have some other
+    // list.
+    virtual bool CopyAccess(const std::string& from, const std::string& to) = 0;
+    // Gives from the name to, taking the place of a file of that name and keeping what that file
+    // was besides its contents, as far as the system can: attributes, access list, streams,
+    // encryption, the time when it was made. Tries again for a quarter of a second while others
+    // have a file open.
     virtual SystemError Replace(const std::string& from, const std::string& to) = 0;
     virtual SystemError Remove(const std::string& path) = 0;
     virtual SystemError MakeFolder(const std::string& path) = 0;

@@ -1,6 +1,8 @@
 #include "win32/win_files.h"
 
+#include "docs/paths.h"
 #include "win32/handles.h"
+#include "win32/screen.h"
 
 #include <windows.h>
 
@@ -105,6 +107,134 @@ OpenParameters ParametersOf(OpenMode mode)
     return {GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS};
 }
 
+// To look at a file or a folder, or through a symbolic link at what it leads to.
+FileHandle OpenToLook(const std::string& path, DWORD access = FILE_READ_ATTRIBUTES)
+{
+    return FileHandle(CreateFileA(path.c_str(), access,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
+// Nothing known is all zero.
+BY_HANDLE_FILE_INFORMATION InformationOn(const FileHandle& file)
+{
+    BY_HANDLE_FILE_INFORMATION information = {};
+    if (!file || !GetFileInformationByHandle(file.Get(), &information)) {
+        return {};
+    }
+    return information;
+}
+
+std::uint64_t Whole(DWORD high, DWORD low)
+{
+    return std::uint64_t{high} << 32 | low;
+}
+
+bool AreTheSame(const FileHandle& file, const FileHandle& other)
+{
+    const auto one = InformationOn(file);
+    const auto two = InformationOn(other);
+    return one.nNumberOfLinks != 0 && one.dwVolumeSerialNumber == two.dwVolumeSerialNumber &&
+           Whole(one.nFileIndexHigh, one.nFileIndexLow) ==
+               Whole(two.nFileIndexHigh, two.nFileIndexLow);
+}
+
+// The path without any link in it; empty when the system cannot tell.
+std::string FinalPath(const FileHandle& file)
+{
+    std::string path(0x8000, '\0'); // longer than any path
+    const DWORD length =
+        GetFinalPathNameByHandleA(file.Get(), path.data(), static_cast<DWORD>(path.size()), 0);
+    path.resize(length < path.size() ? length : 0);
+    constexpr std::string_view kServer = "\\\\?\\UNC\\";
+    constexpr std::string_view kDrive = "\\\\?\\";
+    if (path.starts_with(kServer)) {
+        return "\\\\" + path.substr(kServer.size());
+    }
+    return path.substr(path.starts_with(kDrive) ? kDrive.size() : 0);
+}
+
+// A security descriptor that holds a file's access list; empty when it cannot be read.
+std::string AccessOf(const std::string& path)
+{
+    DWORD size = 0;
+    GetFileSecurityA(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    std::string descriptor(size, '\0');
+    const bool read = size != 0 && GetFileSecurityA(path.c_str(), DACL_SECURITY_INFORMATION,
+                                                    descriptor.data(), size, &size) != FALSE;
+    return read ? descriptor : std::string();
+}
+
+// The bytes of the list in such a descriptor; empty when it has none, which allows everything.
+std::string_view ListIn(std::string& descriptor)
+{
+    BOOL present = FALSE;
+    BOOL byDefault = FALSE;
+    PACL list = nullptr;
+    if (descriptor.empty() ||
+        !GetSecurityDescriptorDacl(descriptor.data(), &present, &list, &byDefault) || !present ||
+        list == nullptr) {
+        return {};
+    }
+    return {reinterpret_cast<const char*>(list), list->AclSize};
+}
+
+// Calls until it succeeds, or for a quarter of a second: scanners and programs that copy what was
+// saved hold a file for moments.
+template <class Call> SystemError Patiently(const Call& call)
+{
+    constexpr DWORD kPauses[] = {10, 20, 40, 70, 110}; // milliseconds
+    SystemError error = ErrorUnless(call());
+    for (const DWORD pause : kPauses) {
+        if (error != ERROR_UNABLE_TO_REMOVE_REPLACED && error != ERROR_SHARING_VIOLATION &&
+            error != ERROR_ACCESS_DENIED) {
+            break;
+        }
+        Sleep(pause);
+        error = ErrorUnless(call());
+    }
+    return error;
+}
+
+bool IsThere(const std::string& path)
+{
+    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+// A name beside path that nothing has. No listing of "*.nvm" finds it.
+std::string BackupName(const std::string& path)
+{
+    std::string name = path + ".old";
+    for (int number = 2; IsThere(name); ++number) {
+        name = path + "." + std::to_string(number) + ".old";
+    }
+    return name;
+}
+
+// Swaps the file at to for the one at from by the system's own call for that, which keeps what the
+// old one was besides its contents.
+bool Swap(const std::string& from, const std::string& to)
+{
+    const std::string backup = BackupName(to);
+    bool done = Patiently([&] {
+                    return ReplaceFileA(to.c_str(), from.c_str(), backup.c_str(),
+                                        REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr);
+                }) == 0;
+    if (!done && !IsThere(to)) {
+        // It gave up half-way, with the old file under the backup's name.
+        done = MoveFileA(from.c_str(), to.c_str()) != FALSE;
+        if (!done) {
+            // Ignored: the old file is still there, under the other name.
+            static_cast<void>(MoveFileA(backup.c_str(), to.c_str()));
+        }
+    }
+    if (done) {
+        // Ignored: a backup that stays harms no menu.
+        static_cast<void>(Patiently([&] { return DeleteFileA(backup.c_str()); }));
+    }
+    return done;
+}
+
 } // namespace
 
 std::unique_ptr<File> WinFiles::Open(const std::string& path, OpenMode mode, SystemError& error)
@@ -135,6 +265,29 @@ FileAttributes WinFiles::Attributes(const std::string& path)
             (found & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0};
 }
 
+FileState WinFiles::State(const std::string& path)
+{
+    const auto found = InformationOn(OpenToLook(path));
+    return {found.nNumberOfLinks != 0, Whole(found.nFileSizeHigh, found.nFileSizeLow),
+            Whole(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime),
+            found.nNumberOfLinks};
+}
+
+// A path is no link when it ends, below its folder's true path, with its own name. Attributes would
+// tell as well, but Wine has none for links.
+std::string WinFiles::BehindLink(const std::string& path)
+{
+    const PathParts parts = SplitPath(path, ProcessCodePage());
+    const FileHandle file = OpenToLook(path);
+    const std::string last = FinalPath(file);
+    const std::string folder = FinalPath(OpenToLook(parts.folder));
+    if (last.empty() || folder.empty() || EqualIgnoringCase(last, PathIn(folder, parts.fileName))) {
+        return path;
+    }
+    // A name that the code page cannot hold comes out as that of another file, or of none.
+    return AreTheSame(OpenToLook(last), file) ? last : std::string();
+}
+
 std::string WinFiles::FullPath(const std::string& path)
 {
     std::string full(0x8000, '\0'); // longer than any path
@@ -162,6 +315,28 @@ std::vector<std::string> WinFiles::List(const std::string& pattern, std::size_t 
     return names;
 }
 
+bool WinFiles::CopyAccess(const std::string& from, const std::string& to)
+{
+    std::string wanted = AccessOf(from);
+    // Without the right to delete the file could get the list, but then never the name.
+    if (wanted.empty() || !OpenToLook(from, DELETE)) {
+        return true;
+    }
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
+    DWORD revision = 0;
+    GetSecurityDescriptorControl(wanted.data(), &control, &revision);
+    if ((control & SE_DACL_AUTO_INHERITED) != 0) {
+        // Asks for what was inherited to count as inherited.
+        SetSecurityDescriptorControl(wanted.data(), SE_DACL_AUTO_INHERIT_REQ,
+                                     SE_DACL_AUTO_INHERIT_REQ);
+    }
+    if (!SetFileSecurityA(to.c_str(), DACL_SECURITY_INFORMATION, wanted.data())) {
+        return true;
+    }
+    std::string set = AccessOf(to);
+    return ListIn(set) == ListIn(wanted);
+}
+
 SystemError WinFiles::Replace(const std::string& from, const std::string& to)
 {
     constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
@@ -171,6 +346,10 @@ SystemError WinFiles::Replace(const std::string& from, const std::string& to)
         // Ignored: contents are worth more than attributes.
         static_cast<void>(SetFileAttributesA(from.c_str(), old & kKept));
     }
+    if (IsThere(to) && Swap(from, to)) {
+        return 0;
+    }
+    // Some file systems and servers cannot swap.
     return ErrorUnless(
         MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }

@@ -28,15 +28,22 @@ public:
         SystemError refused = 0; // to whoever opens it
         std::string name = {};   // as it was put
         int writers = 0;         // nothing can be done to its name meanwhile
+        int written = 0;         // when
+        unsigned names = 1;
+        std::string access = {}; // list
     };
 
     std::size_t room = SIZE_MAX;      // bytes by which files can still grow
     std::size_t readPiece = SIZE_MAX; // most that one Read gives
     std::vector<std::string> madeFolders;
+    std::map<std::string, std::string> links; // symbolic ones, and where they lead
+    bool spoilsAccess = false;                // a list that is set comes out as another one
+    int clock = 0;
 
     void Put(const std::string& path, const std::string& contents)
     {
         nodes_[UpperCase(path)] = Node{contents};
+        Find(path)->written = ++clock;
         Find(path)->name = path.substr(path.rfind('\\') + 1);
     }
     Node* Find(const std::string& path)
@@ -81,9 +88,30 @@ public:
                                : FileAttributes{true, node->folder, node->readOnly, node->hidden};
     }
 
+    FileState State(const std::string& path) override
+    {
+        const Node* node = Find(BehindLink(path));
+        return node == nullptr ? FileState{}
+                               : FileState{true, node->contents.size(),
+                                           static_cast<std::uint64_t>(node->written), node->names};
+    }
+
+    std::string BehindLink(const std::string& path) override
+    {
+        const auto link = links.find(path);
+        return link == links.end() ? path : link->second;
+    }
+
+    bool CopyAccess(const std::string& from, const std::string& to) override
+    {
+        Find(to)->access = spoilsAccess ? "spoilt" : Find(from)->access;
+        return !spoilsAccess;
+    }
+
     std::string FullPath(const std::string& path) override
     {
-        return path.find(':') != std::string::npos ? path : "C:\\Here\\" + path;
+        const bool full = path.find(':') != std::string::npos || path.starts_with("\\\\");
+        return full ? path : "C:\\Here\\" + path;
     }
 
     // Of wildcards it knows one "*" that begins the name; only files that were put match it.
@@ -154,6 +182,7 @@ private:
             const std::size_t growth = std::min(size - over, files_.room); // as there is room for
             files_.room -= files_.room == SIZE_MAX ? 0 : growth;
             contents.replace(at_, over, data, over + growth);
+            Node().written = ++files_.clock;
             Node().onDisk = false;
             at_ += over + growth;
             return over + growth < size ? kDiskFull : 0;
@@ -166,6 +195,7 @@ private:
         SystemError Truncate() override
         {
             Node().contents.resize(at_);
+            Node().written = ++files_.clock;
             Node().onDisk = false;
             return 0;
         }

@@ -286,6 +286,38 @@ TEST(Saves, RefuseWhatCannotBeWrittenBeforeTouchingIt)
     EXPECT_EQ(files.Count(), 1u);
 }
 
+TEST(Saves, LeaveTheFileWhatItIs)
+{
+    const std::string target = "D:\\Shared\\Real.nvm";
+    const struct {
+        unsigned names; // hard links
+        bool spoilsAccess;
+        const char* access;
+    } cases[] = {{1, false, "list"}, {1, true, ""}, {2, false, "list"}};
+    for (const auto& c : cases) {
+        for (const bool linked : {false, true}) {
+            Desk desk;
+            const std::string path = linked ? target : kStart;
+            desk.files.Put(path, kOld);
+            if (linked) {
+                desk.files.links[kStart] = target;
+            }
+            FakeFiles::Node& file = *desk.files.Find(path);
+            file.names = c.names;
+            file.access = "list";
+            desk.files.spoilsAccess = c.spoilsAccess;
+            desk.Edit();
+            desk.files.refuseReplace = c.names > 1 ? 1117 : 0; // is not tried
+            EXPECT_TRUE(desk.document.SavePDM(kStart));
+            EXPECT_EQ(desk.files.Contents(path), kEdited);
+            EXPECT_EQ(desk.files.Find(path)->access, c.access);
+            EXPECT_EQ(desk.files.Contents(kStart), linked ? kOld : kEdited);
+            EXPECT_EQ(desk.files.Count(), linked ? 3u : 2u);
+            EXPECT_EQ(desk.document.FFile(), kStart);
+        }
+    }
+}
+
 TEST(Saves, LeaveTemporariesOfOthersAlone)
 {
     Desk desk;
