@@ -107,7 +107,7 @@ struct EditorDesk {
     FakeSettings settings;
     FakePump pump;
     FakeDocumentEvents events;
-    MenuDocument document{files, prompts, settings, pump, events, CodePage(), Font()};
+    MenuDocument document{files, prompts, settings, pump, events, CodePage(), Font(), "C:"};
     ListView view;
     MenuEditor editor{view, document};
 

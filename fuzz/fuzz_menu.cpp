@@ -132,7 +132,7 @@ void CheckLineEnds(const std::string& contents)
 // A document over files in memory, which asks nothing.
 struct Desk {
     explicit Desk(const CodePage& codePage)
-        : document(files, prompts, settings, pump, events, codePage, kDefault)
+        : document(files, prompts, settings, pump, events, codePage, kDefault, "C:")
     {
     }
 

@@ -61,6 +61,7 @@ ReadOutcome LineReader::Run(SystemError& error)
         if (got == 0) {
             break;
         }
+        lines_.AppendSource({used_, got});
         used_ += got;
         if (PassByteOrderMark() && !TakeLines()) {
             return ReadOutcome::ended;

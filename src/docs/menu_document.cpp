@@ -8,6 +8,7 @@
 #include "platform/mark.h"
 #include "platform/system_error.h"
 
+#include <functional>
 #include <new>
 #include <utility>
 
@@ -18,6 +19,9 @@ namespace
 {
 
 constexpr char kStoredBreak = '\x01';
+// So that no listing of "*.nvm" finds it.
+constexpr char kUnsavedEnding[] = ".unsaved";
+constexpr int kUnsavedFiles = 1000;
 constexpr char kOldEndOfFile = '\x1A'; // ended the reading of a text file in programs of old
 
 // Appends line as it stands in a file: each CR LF, then each LF, each CR and each code 26 left over
@@ -43,29 +47,31 @@ void AppendFileForm(std::string& form, std::string_view line)
 
 MenuDocument::MenuDocument(Files& files, Prompts& prompts, Settings& settings, EventPump& pump,
                            DocumentEvents& events, const CodePage& codePage,
-                           const Font& defaultFont)
+                           const Font& defaultFont, std::string programFolder)
     : files_(files), prompts_(prompts), settings_(settings), pump_(pump), events_(events),
-      codePage_(codePage), defaultFont_(defaultFont)
+      codePage_(codePage), defaultFont_(defaultFont), programFolder_(std::move(programFolder))
 {
 }
 
 bool MenuDocument::FOpen(std::string path)
 {
+    const bool leavesStep = !std::exchange(noHistory_, false);
     if (loading_ || (unsaved_ && !OfferToSave())) {
         return false;
     }
     // Before the new path is looked at: a menu that then cannot be opened still is a step.
-    if (!noHistory_ && !file_.empty()) {
+    if (leavesStep && !file_.empty()) {
         events_.Leaving(file_);
     }
-    noHistory_ = false;
+    // Before the path is completed: that makes "com1.nvm" the name of a device.
     if (FileExtension(path) != "NVM") {
-        prompts_.Ask("Cannot open: \"" + path + "\"\n\nInvalid file extension!",
+        prompts_.Ask("Cannot open: \"" + Shown(path) + "\"\n\nInvalid file extension!",
                      PromptIcon::exclamation, PromptButtons::ok);
         return false;
     }
-    if (!FileExists(files_, path)) {
-        const Answer answer = prompts_.Ask("File " + path +
+    const std::string full = FullPath(path);
+    if (!FileExists(files_, full)) {
+        const Answer answer = prompts_.Ask("File " + Shown(path) +
                                                " does not exist.\n\n"
                                                "Would you like to create a new menu?",
                                            PromptIcon::exclamation, PromptButtons::yesNo);
@@ -73,20 +79,31 @@ bool MenuDocument::FOpen(std::string path)
             return false;
         }
     }
-    return OpenPDM(std::move(path));
+    return Open(full, path);
+}
+
+std::string MenuDocument::FullPath(const std::string& path) const
+{
+    return CompletePath(files_, path, programFolder_);
 }
 
 // The path is a copy because a load that stops empties FFile(), which it may have been.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 bool MenuDocument::OpenPDM(std::string path)
 {
-    if (loading_) {
-        return false;
-    }
+    return !loading_ && Open(path, path);
+}
+
+// given: the path as the user knows it.
+bool MenuDocument::Open(const std::string& path, const std::string& given)
+{
     SystemError error = 0;
     const bool opened = Load(path, error);
     if (error != 0) {
-        TellFailure("Cannot open:", path, error);
+        TellFailure("Cannot open:", given, error);
+    }
+    if (opened) {
+        TellOfUnsaved();
     }
     return opened;
 }
@@ -97,6 +114,14 @@ bool MenuDocument::SavePDM(const std::string& path)
     if (loading_) {
         return false;
     }
+    if (path == file_ && ChangedByOthers()) {
+        const Answer answer = prompts_.Ask(
+            "File " + path + " was changed by another program.\n\nDo you want to overwrite it?",
+            PromptIcon::exclamation, PromptButtons::noYes);
+        if (answer != Answer::yes) {
+            return false;
+        }
+    }
     const SystemError error = Write(path);
     if (error != 0) {
         TellFailure("Cannot save:", path, error);
@@ -104,17 +129,46 @@ bool MenuDocument::SavePDM(const std::string& path)
     }
     SetFFile(path);
     changed_ = false;
-    unsaved_ = false;
+    SetUnsaved(false);
     return true;
+}
+
+bool MenuDocument::ChangedByOthers()
+{
+    const FileState now = files_.State(file_);
+    const bool same = now.size == known_.size && now.written == known_.written;
+    if (!now.exists || !known_.exists || same) {
+        return false;
+    }
+    return now.size != known_.size || !HoldsWhatIsKnown();
+}
+
+// False also when the file cannot be read: the user is rather asked once too often.
+bool MenuDocument::HoldsWhatIsKnown()
+{
+    SystemError error = 0;
+    const std::unique_ptr<File> file = files_.Open(file_, OpenMode::read, error);
+    if (file == nullptr) {
+        return false;
+    }
+    try {
+        std::string contents;
+        return ReadAll(*file, contents) == 0 &&
+               (savedHash_ ? std::hash<std::string>()(contents) == *savedHash_
+                           : lines_.SourceIs(contents));
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 bool MenuDocument::CreateNewMenuFile(const std::string& path)
 {
-    MakeFolders(files_, SplitPath(path, codePage_).folder, codePage_);
+    const std::string full = FullPath(path);
+    MakeFolders(files_, SplitPath(full, codePage_).folder, codePage_);
     // A file that the listing did not show, but that is there, was not asked about: it stays.
     OpenMode mode = OpenMode::createNew;
-    if (FileExists(files_, path)) {
-        const Answer answer = prompts_.Ask("File: " + path +
+    if (FileExists(files_, full)) {
+        const Answer answer = prompts_.Ask("File: " + Shown(path) +
                                                " already exists.\n\n"
                                                "Do you want overwrite this file?",
                                            PromptIcon::exclamation, PromptButtons::noYes);
@@ -124,7 +178,7 @@ bool MenuDocument::CreateNewMenuFile(const std::string& path)
         mode = OpenMode::overwrite;
     }
     SystemError error = 0;
-    const std::unique_ptr<File> file = files_.Open(path, mode, error);
+    const std::unique_ptr<File> file = files_.Open(full, mode, error);
     if (file == nullptr || file->Close() != 0) {
         prompts_.Ask("New Menu Could Not Be Created!", PromptIcon::exclamation, PromptButtons::ok);
         return false;
@@ -155,6 +209,46 @@ bool MenuDocument::MayClose()
     return loading_ || !unsaved_ || (!asking_ && OfferToSave());
 }
 
+// What an earlier end of a session left there is moved aside: nobody has looked at it, perhaps.
+void MenuDocument::KeepUnsaved()
+{
+    if (loading_ || !unsaved_ || keptUnsaved_ || file_.empty()) {
+        return;
+    }
+    const std::string path = file_ + kUnsavedEnding;
+    for (int number = 2; files_.Attributes(path).exists && number < kUnsavedFiles; ++number) {
+        const std::string aside = file_ + "." + std::to_string(number) + kUnsavedEnding;
+        if (!files_.Attributes(aside).exists) {
+            // Ignored: then it is written over.
+            static_cast<void>(files_.Replace(path, aside));
+            break;
+        }
+    }
+    SystemError error = 0;
+    const std::unique_ptr<File> file = files_.Open(path, OpenMode::overwrite, error);
+    if (file != nullptr) {
+        const std::string form = FileForm();
+        keptUnsaved_ = file->Write(form.data(), form.size()) == 0 && file->Flush() == 0;
+    }
+}
+
+// Once for each file that KeepUnsaved wrote: by its time.
+void MenuDocument::TellOfUnsaved()
+{
+    const std::string path = file_ + kUnsavedEnding;
+    const FileState state = files_.State(path);
+    const std::string written = std::to_string(state.written);
+    if (!state.exists || SettingText(settings_.GetKeyValue("Unsaved", file_, "")) == written) {
+        return;
+    }
+    // Ignored: it is then told again.
+    static_cast<void>(settings_.SetKeyValue("Unsaved", file_, written));
+    prompts_.Ask("The last changes to this menu were not saved when Windows ended the session. "
+                 "They are in the file:\n\n" +
+                     Shown(path) + "\n\nTo use them, rename it so that its name ends in \".nvm\".",
+                 PromptIcon::exclamation, PromptButtons::ok);
+}
+
 void MenuDocument::SetFFile(const std::string& path)
 {
     file_ = path;
@@ -170,7 +264,17 @@ void MenuDocument::SetHome(const std::string& path)
 void MenuDocument::SetMCh(bool changed)
 {
     changed_ = changed;
-    unsaved_ = unsaved_ || changed;
+    if (changed) {
+        keptUnsaved_ = false;
+        SetUnsaved(true);
+    }
+}
+
+void MenuDocument::SetUnsaved(bool unsaved)
+{
+    if (std::exchange(unsaved_, unsaved) != unsaved) {
+        events_.UnsavedChanged();
+    }
 }
 
 // Asks whether to save the changes and does it; false when the user or a failed save says stop.
@@ -179,8 +283,9 @@ bool MenuDocument::OfferToSave()
     Answer answer = Answer::cancel;
     {
         const Mark asking(asking_);
-        answer = prompts_.Ask("Do you want to save the changes you made to \n\n" + file_ + "?",
-                              PromptIcon::question, PromptButtons::yesNoCancel);
+        answer =
+            prompts_.Ask("Do you want to save the changes you made to \n\n" + Shown(file_) + "?",
+                         PromptIcon::question, PromptButtons::yesNoCancel);
     }
     if (answer == Answer::yes) {
         // A menu that never had a file has nowhere to go: its changes are dropped.
@@ -195,6 +300,9 @@ bool MenuDocument::Load(const std::string& path, SystemError& error)
 {
     const std::unique_ptr<File> file = files_.Open(path, OpenMode::read, error);
     if (file == nullptr) {
+        if (path == cutShort_) {
+            cutShort_.clear(); // or it would be opened again, and fail, for ever
+        }
         return false;
     }
     const Mark loading(loading_);
@@ -208,6 +316,8 @@ bool MenuDocument::Load(const std::string& path, SystemError& error)
     }
     // Ignored: all was read.
     static_cast<void>(file->Close());
+    known_ = files_.State(path);
+    savedHash_.reset();
     return Show(path);
 }
 
@@ -218,7 +328,7 @@ bool MenuDocument::Show(const std::string& path)
     events_.Opened(path);
     // From here on the lines are the file's, whether all of them come to be shown or not.
     changed_ = false;
-    unsaved_ = false;
+    SetUnsaved(false);
     const bool shown = events_.LinesRebuilt();
     if (!shown) {
         cutShort_ = path;
@@ -249,7 +359,13 @@ SystemError MenuDocument::Write(const std::string& path)
     }
     events_.TitleChanged(SplitPath(path, codePage_).fileName);
     try {
-        return save.Finish(FileForm());
+        const std::string form = FileForm();
+        const SystemError failure = save.Finish(form);
+        if (failure == 0) {
+            known_ = files_.State(path);
+            savedHash_ = std::hash<std::string>()(form);
+        }
+        return failure;
     } catch (const std::bad_alloc&) {
         return kNotEnoughMemory;
     }
@@ -285,14 +401,20 @@ void MenuDocument::BecomeNoDocument()
     ClearLines();
     SetFFile({});
     changed_ = false;
-    unsaved_ = false;
+    SetUnsaved(false);
+}
+
+// As it stands in a message box.
+std::string MenuDocument::Shown(const std::string& path) const
+{
+    return ShortenedForBox(path, codePage_);
 }
 
 // message: "Cannot open:" or "Cannot save:".
 void MenuDocument::TellFailure(const std::string& message, const std::string& path,
                                SystemError error)
 {
-    prompts_.Ask(message + "\n\n" + path + "\n\n" + files_.Describe(error), PromptIcon::stop,
+    prompts_.Ask(message + "\n\n" + Shown(path) + "\n\n" + files_.Describe(error), PromptIcon::stop,
                  PromptButtons::ok);
 }
 

@@ -8,6 +8,7 @@
 #include "platform/prompts.h"
 #include "platform/settings.h"
 
+#include <optional>
 #include <string>
 
 namespace nv
@@ -31,6 +32,8 @@ public:
     virtual bool LinesRebuilt() = 0;
     // The current file is another one (empty: none).
     virtual void FileChanged(const std::string& path) = 0;
+    // UnsavedChanges() is another.
+    virtual void UnsavedChanged() = 0;
     virtual void HomeChanged(const std::string& path) = 0;
 };
 
@@ -40,22 +43,28 @@ class MenuDocument
 {
 public:
     // The references must outlive the document.
-    // defaultFont: of entries whose line names no font.
+    // defaultFont: of entries whose line names no font. programFolder: a full path.
     MenuDocument(Files& files, Prompts& prompts, Settings& settings, EventPump& pump,
-                 DocumentEvents& events, const CodePage& codePage, const Font& defaultFont);
+                 DocumentEvents& events, const CodePage& codePage, const Font& defaultFont,
+                 std::string programFolder);
 
-    // Makes path the shown menu, asking first whether to save changes; true when it was opened.
-    // Every refusal is told to the user in a message box. May re-enter; must not be called while
-    // Loading().
+    // Makes path the shown menu, asking first whether to save changes; true when it was opened. A
+    // path that is not full begins at the program's folder; all that is kept of it is full.
+    // Every refusal is told to the user in a message box, which quotes path as it is given. May
+    // re-enter; must not be called while Loading().
     // path is a copy: what a caller passes (FFile(), a step of the history) may change meanwhile.
     bool FOpen(std::string path);
-    // Reads the Menu file at path and has it shown. False after telling the user why it could not
-    // be read, or when the load was ended by the pump. What was cleared by then stays cleared: the
-    // document is then empty and has no file, so that no save can put the remains over a menu. May
-    // re-enter; must not be called while Loading().
+    // The path that FOpen and CreateNewMenuFile make of one that is not full.
+    std::string FullPath(const std::string& path) const;
+    // Reads the Menu file at path, which is full, and has it shown. False after telling the user
+    // why it could not be read, or when the load was ended by the pump. What was cleared by then
+    // stays cleared: the document is then empty and has no file, so that no save can put the
+    // remains over a menu. May re-enter; must not be called while Loading().
     bool OpenPDM(std::string path);
-    // Writes the lines to path; false after telling the user why it could not, and the old file
-    // stands. See SafeSave for what it is safe from. Does nothing but return false while Loading().
+    // Writes the lines to path, which is full; false after telling the user why it could not, and
+    // the old file stands. Asks before it overwrites what another program has written there since
+    // the menu was read or saved; No counts as a failure that was told. See SafeSave for what it is
+    // safe from. Does nothing but return false while Loading().
     bool SavePDM(const std::string& path);
     // Creates an empty Menu file and the folders above it, asking before it overwrites one.
     bool CreateNewMenuFile(const std::string& path);
@@ -67,6 +76,10 @@ public:
     // stays one until it is saved. False: the program is to go on. While Loading() there is nothing
     // to ask about. While the question is being asked it is not asked a second time: false.
     bool MayClose();
+    // The session ends and leaves no time to ask: writes a changed menu beside its file, where its
+    // next opening tells the user of it. Does nothing when it has done so since the last change. A
+    // failure is not told. Lets no events through.
+    void KeepUnsaved();
 
     // Full path of the current Menu file; empty when none.
     const std::string& FFile() const { return file_; }
@@ -79,7 +92,7 @@ public:
     bool MCh() const { return changed_; }
     void SetMCh(bool changed);
     bool UnsavedChanges() const { return unsaved_; }
-    // The next FOpen leaves no step in the history.
+    // The next FOpen leaves no step in the history, however it ends.
     void SetNoHistory() { noHistory_ = true; }
 
     // True from the clearing of the old menu to the end of the new one's load.
@@ -94,13 +107,19 @@ public:
 
 private:
     bool OfferToSave();
+    bool Open(const std::string& path, const std::string& given);
     bool Load(const std::string& path, SystemError& error);
     bool ReadLines(File& file, SystemError& error);
     bool Show(const std::string& path);
+    void TellOfUnsaved();
+    bool ChangedByOthers();
+    bool HoldsWhatIsKnown();
     SystemError Write(const std::string& path);
     std::string FileForm() const; // RCrLf's write list, joined as it stands in the file
     void ClearLines();
     void BecomeNoDocument();
+    void SetUnsaved(bool unsaved);
+    std::string Shown(const std::string& path) const;
     void TellFailure(const std::string& message, const std::string& path, SystemError error);
 
     Files& files_;
@@ -110,15 +129,19 @@ private:
     DocumentEvents& events_;
     CodePage codePage_;
     Font defaultFont_;
+    std::string programFolder_;
     MenuLines lines_;
     std::string file_;
     std::string home_;
     std::string cutShort_;
+    FileState known_;                      // of the file when it was read or saved last
+    std::optional<std::size_t> savedHash_; // of what was saved last, if it was since the reading
     bool changed_ = false;
     bool unsaved_ = false;
     bool noHistory_ = false;
     bool loading_ = false;
-    bool asking_ = false; // the question whether to save is being asked
+    bool keptUnsaved_ = false; // the changes stand beside the file
+    bool asking_ = false;      // the question whether to save is being asked
 };
 
 } // namespace nv

@@ -15,6 +15,7 @@ void MenuLines::Clear()
 {
     lines_.clear();
     blocks_.clear();
+    source_.clear();
     free_ = nullptr;
     freeSize_ = 0;
     large_ = nullptr;
@@ -37,6 +38,26 @@ char* MenuLines::NewBlock(std::size_t size)
     // never written to is then faulted in twice.
     blocks_.push_back(std::make_unique<char[]>(size));
     return blocks_.back().get();
+}
+
+void MenuLines::AppendSource(std::string_view piece)
+{
+    if (!source_.empty() && source_.back().data() + source_.back().size() == piece.data()) {
+        source_.back() = {source_.back().data(), source_.back().size() + piece.size()};
+    } else {
+        source_.push_back(piece);
+    }
+}
+
+bool MenuLines::SourceIs(std::string_view contents) const
+{
+    for (const std::string_view piece : source_) {
+        if (!contents.starts_with(piece)) {
+            return false;
+        }
+        contents.remove_prefix(piece.size());
+    }
+    return contents.empty();
 }
 
 std::string_view MenuLines::Keep(std::string_view text)

@@ -30,6 +30,10 @@ public:
     void Set(std::size_t index, std::string_view text);
     // Room for size bytes that lives until the list is cleared.
     char* NewBlock(std::size_t size);
+    // The next piece of the file as it was read, in a block that was given to the list.
+    void AppendSource(std::string_view piece);
+    // Whether contents are those of the file that the list was read from.
+    bool SourceIs(std::string_view contents) const;
 
     // A copy of text among the texts of the list, not yet the text of a line.
     std::string_view Keep(std::string_view text);
@@ -53,7 +57,8 @@ public:
 private:
     std::vector<std::unique_ptr<char[]>> blocks_;
     std::vector<std::string_view> lines_;
-    char* free_ = nullptr; // the unused rest of the newest small block
+    std::vector<std::string_view> source_; // the pieces of the file
+    char* free_ = nullptr;                 // the unused rest of the newest small block
     std::size_t freeSize_ = 0;
     char* large_ = nullptr; // the newest block made for one text only, whatever its length is now
     std::size_t largeSize_ = 0;

@@ -1,7 +1,29 @@
 #include "docs/paths.h"
 
+#include <algorithm>
+
 namespace nv
 {
+
+namespace
+{
+
+bool IsSlash(char ch)
+{
+    return ch == '\\' || ch == '/';
+}
+
+// "C:" of "C:\Menus"; of a folder on another computer "\\server\share".
+std::string RootOf(const std::string& folder)
+{
+    if (folder.size() < 2 || folder[1] == ':') {
+        return folder.substr(0, 2);
+    }
+    const auto share = folder.find('\\', 2);
+    return folder.substr(0, folder.find('\\', std::min(share, folder.size() - 1) + 1));
+}
+
+} // namespace
 
 PathParts SplitPath(std::string_view path, const CodePage& codePage)
 {
@@ -20,6 +42,24 @@ std::string PathIn(const std::string& folder, const std::string& name)
     // equal to one.
     const bool driveRoot = folder.size() == 3 && folder[1] == ':';
     return folder.substr(0, driveRoot ? 2 : folder.size()) + "\\" + name;
+}
+
+std::string CompletePath(Files& files, const std::string& path, const std::string& folder)
+{
+    std::string begun = path;
+    const bool drive = path.size() >= 2 && path[1] == ':';
+    const std::string behind = path.substr(drive ? 2 : 0);
+    const bool fromRoot = !behind.empty() && IsSlash(behind.front());
+    if (drive && !fromRoot) {
+        // The system would take the folder that is the current one on that drive.
+        const bool own = EqualIgnoringCase(path.substr(0, 2), RootOf(folder));
+        begun = own ? PathIn(folder, behind) : path.substr(0, 2) + "\\" + behind;
+    } else if (!drive && !fromRoot) {
+        begun = PathIn(folder, path);
+    } else if (!drive && (path.size() < 2 || !IsSlash(path[1]))) {
+        begun = RootOf(folder) + path;
+    }
+    return files.FullPath(begun);
 }
 
 std::string FileExtension(std::string_view path)

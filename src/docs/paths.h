@@ -21,6 +21,11 @@ PathParts SplitPath(std::string_view path, const CodePage& codePage);
 // drive root.
 std::string PathIn(const std::string& folder, const std::string& name);
 
+// The full path of what path names for a program in folder, which is full itself: a path without a
+// drive or a server begins there, whatever the current folder is. "." and ".." are resolved; a name
+// that belongs to a device becomes that of the device.
+std::string CompletePath(Files& files, const std::string& path, const std::string& folder);
+
 // The upper-cased text after the last "." of path, wherever that stands: "C:\My.Menus\Start" gives
 // "MENUS\START". Empty when there is no ".".
 std::string FileExtension(std::string_view path);

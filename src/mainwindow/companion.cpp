@@ -6,20 +6,11 @@ namespace nv
 namespace
 {
 
-// A message box must fit the screen.
-constexpr std::size_t kMostShown = 300;
-
 const char* const kUsage =
     "NVSUB starts the program or document that is named after it, with its arguments:\n\n"
     "NVSUB program arguments\n\n"
     "%NAMES% of environment variables are replaced by their values. \"/NV+\" at the end shows the "
     "program maximized, \"/NV-\" minimized; a folder to start it in may follow.";
-
-std::string Shortened(std::string_view text, const CodePage& codePage)
-{
-    const std::string_view shown = codePage.FirstCharacters(text, kMostShown);
-    return std::string(shown) + (shown.size() < text.size() ? "..." : "");
-}
 
 const char* SwitchOf(int show)
 {
@@ -52,13 +43,13 @@ std::string CannotStartText(const LaunchInfo& info, const CodePage& codePage)
     if (info.plainProgram.empty()) {
         return kUsage;
     }
-    std::string text = "Cannot start:\n\n" + Shortened(info.plainProgram, codePage);
+    std::string text = "Cannot start:\n\n" + ShortenedForBox(info.plainProgram, codePage);
     if (info.targetKind == TargetKind::notFound) {
         return text + "\n\nIt was not found, or no program opens files of its kind.";
     }
-    text += "\n\nThis program did not start:\n\n" + Shortened(info.foundProgram, codePage);
+    text += "\n\nThis program did not start:\n\n" + ShortenedForBox(info.foundProgram, codePage);
     if (!info.workingDirectory.empty()) {
-        text += "\n\nin the folder:\n\n" + Shortened(info.workingDirectory, codePage);
+        text += "\n\nin the folder:\n\n" + ShortenedForBox(info.workingDirectory, codePage);
     }
     return text;
 }

@@ -47,7 +47,8 @@ Form1::Form1(MessagePump& pump, std::string programFolder, const Version& versio
       supportAddress_(std::move(supportAddress)), scale_(PrimaryScreenScale()),
       text_(scale_, ProcessCodePage()), pictures_(scale_), comDial_(programFolder_),
       shellExe_(shell_, programFolder_), linkPictures_(shellExe_, pictures_),
-      document_(files_, prompts_, settings_, pump_, *this, ProcessCodePage(), FormFont()),
+      document_(files_, prompts_, settings_, pump_, *this, ProcessCodePage(), FormFont(),
+                programFolder_),
       header_(text_, pictures_, ProcessCodePage()),
       strip_(text_, pictures_, [this](Command command) { Run(command); }),
       view_(text_, pictures_, linkPictures_, ProcessCodePage(), document_.Lines(),
@@ -88,6 +89,7 @@ void Form1::WhenFree(Job job)
         if (Handle() == nullptr) {
             return; // the job was the end of the program
         }
+        history_.Settle(document_.CutShort());
         job = NextJob();
     }
     busy_ = false;
@@ -246,12 +248,16 @@ void Form1::ShowHelpPage()
 
 void Form1::Back()
 {
-    if (const auto path = history_.TakeLast()) {
-        WhenFree([this, path] {
+    if (history_.Empty()) {
+        return;
+    }
+    // The step is taken when its turn comes: another request may take that before.
+    WhenFree([this] {
+        if (const auto path = history_.StepBack()) {
             document_.SetNoHistory();
             document_.FOpen(*path);
-        });
-    }
+        }
+    });
 }
 
 void Form1::Revert()
@@ -407,7 +413,7 @@ void Form1::TitleChanged(const std::string& fileName)
 void Form1::Opened(const std::string& path)
 {
     menuOpened_ = true;
-    SetWindowTextA(Handle(), (title_ + " - " + path).c_str());
+    history_.Opened(path);
 }
 
 bool Form1::LinesRebuilt()
@@ -429,10 +435,22 @@ bool Form1::LinesRebuilt()
 void Form1::FileChanged(const std::string& path)
 {
     UpdateButtons();
+    UpdateCaption();
     if (path.empty()) {
-        SetWindowTextA(Handle(), title_.c_str());
         TitleChanged("");
     }
+}
+
+void Form1::UnsavedChanged()
+{
+    UpdateCaption();
+}
+
+void Form1::UpdateCaption()
+{
+    const std::string& path = document_.FFile();
+    const std::string menu = path.empty() ? "" : " - " + path;
+    SetWindowTextA(Handle(), (title_ + menu + (document_.UnsavedChanges() ? " *" : "")).c_str());
 }
 
 void Form1::HomeChanged(const std::string&)

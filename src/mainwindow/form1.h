@@ -78,6 +78,7 @@ private:
     void Run(Command command);
     Facts CurrentFacts() const;
     void UpdateButtons();
+    void UpdateCaption();
     // The dialogs. May re-enter.
     void ShowOpenMenu(bool create);
     void ShowOptions();
@@ -103,7 +104,8 @@ private:
     bool OnKeyDown(const MSG& message);
     void OnSize();
     void OnClose();
-    bool OnQueryEndSession();
+    bool OnQueryEndSession(bool forced);
+    void OnEndSession(bool forced);
     void OnDestroy();
     void StorePlacement();
     void OnActivate(bool active);
@@ -115,6 +117,7 @@ private:
     void Opened(const std::string& path) override;
     bool LinesRebuilt() override;
     void FileChanged(const std::string& path) override;
+    void UnsavedChanged() override;
     void HomeChanged(const std::string& path) override;
 
     MessagePump& pump_;

@@ -16,6 +16,32 @@ constexpr Twips kHeaderHeight = 480;
 constexpr Twips kBodyTop = 700;
 constexpr Twips kBodyBottom = 195;
 
+constexpr LPARAM kForced = ENDSESSION_CRITICAL; // flag of the messages that end a session
+
+// What the system shows about a window that keeps it from ending the session; for a while.
+class ShutdownReason
+{
+public:
+    // window: null, nothing is shown.
+    explicit ShutdownReason(HWND window) : window_(window)
+    {
+        if (window_ != nullptr) {
+            ShutdownBlockReasonCreate(window_, L"Navrix Menu has unsaved changes");
+        }
+    }
+    ~ShutdownReason()
+    {
+        if (window_ != nullptr) {
+            ShutdownBlockReasonDestroy(window_);
+        }
+    }
+    ShutdownReason(const ShutdownReason&) = delete;
+    ShutdownReason& operator=(const ShutdownReason&) = delete;
+
+private:
+    HWND window_;
+};
+
 constexpr DWORD kDialogAtom = 32770; // of the platform's class of dialogs
 
 Key KeyOf(WPARAM key)
@@ -64,10 +90,10 @@ std::optional<LRESULT> Form1::Route(UINT message, WPARAM wParam, LPARAM lParam)
         OnClose();
         return 0;
     case WM_QUERYENDSESSION:
-        return OnQueryEndSession();
+        return OnQueryEndSession((lParam & kForced) != 0);
     case WM_ENDSESSION:
         if (wParam != 0) {
-            StorePlacement();
+            OnEndSession((lParam & kForced) != 0);
         }
         return 0;
     case WM_DESTROY:
@@ -140,9 +166,14 @@ void Form1::OnActivate(bool active)
 }
 
 // The user may be in a dialog, a picker or a box: the question comes over that, which then has to
-// wait.
-bool Form1::OnQueryEndSession()
+// wait. A session that is forced to end leaves no time for it.
+bool Form1::OnQueryEndSession(bool forced)
 {
+    if (forced) {
+        document_.KeepUnsaved();
+        return true;
+    }
+    const ShutdownReason reason(document_.UnsavedChanges() ? Handle() : nullptr);
     const HWND top = GetLastActivePopup(Handle());
     const HWND owner = prompts_.Owner();
     prompts_.SetOwner(top);
@@ -152,6 +183,14 @@ bool Form1::OnQueryEndSession()
         SetForegroundWindow(top);
     }
     return may;
+}
+
+void Form1::OnEndSession(bool forced)
+{
+    if (forced) {
+        document_.KeepUnsaved();
+    }
+    StorePlacement();
 }
 
 bool Form1::FilterMessage(MSG& message)

@@ -138,6 +138,21 @@ std::string OneLine(std::string_view text)
     return line;
 }
 
+std::string ShortenedForBox(std::string_view text, const CodePage& codePage)
+{
+    constexpr std::size_t kMost = 300;
+    constexpr std::string_view kCut = "...";
+    const std::size_t count = codePage.CountCharacters(text);
+    if (count <= kMost) {
+        return std::string(text);
+    }
+    const std::size_t end = (kMost - kCut.size()) / 2;
+    const std::size_t begin = kMost - kCut.size() - end;
+    const std::string_view beforeEnd = codePage.FirstCharacters(text, count - end);
+    std::string shown(codePage.FirstCharacters(text, begin));
+    return shown.append(kCut).append(text.substr(beforeEnd.size()));
+}
+
 std::optional<std::int32_t> ParseInteger(std::string_view text)
 {
     text = Trim(text);

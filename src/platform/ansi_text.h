@@ -49,6 +49,9 @@ bool EqualIgnoringCase(std::string_view left, std::string_view right);
 std::string_view Trim(std::string_view text);
 // Text as it shows on one line: each line break and each other control character is a blank.
 std::string OneLine(std::string_view text);
+// What a message box shows of a path or a command, so that it fits the screen: at most 300
+// characters, of a longer one its beginning, "..." and its end.
+std::string ShortenedForBox(std::string_view text, const CodePage& codePage);
 // A whole number as people and programs write it: blanks around, a sign, digits, perhaps a fraction
 // after "." or "," (rounded half to even). Nothing when it is no number or beyond 32 bits.
 std::optional<std::int32_t> ParseInteger(std::string_view text);

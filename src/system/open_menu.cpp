@@ -18,14 +18,14 @@ bool OpenExisting(OpenMenuFields& fields, MenuDocument& document, Files& files, 
         fields.FocusText1();
         return false;
     }
-    if (FileExists(files, path)) {
+    if (FileExists(files, document.FullPath(path))) {
         const bool opened = document.FOpen(path); // it tells the user itself what goes wrong
         if (!opened) {
             fields.FocusText1();
         }
         return opened;
     }
-    const Answer answer = prompts.Ask("File " + path +
+    const Answer answer = prompts.Ask("File " + ShortenedForBox(path, document.Page()) +
                                           " does not exist.\n\n"
                                           "Would you like to create a new menu?",
                                       PromptIcon::exclamation, PromptButtons::yesNo);

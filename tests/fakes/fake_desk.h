@@ -78,7 +78,7 @@ template <typename FilesType = FakeFiles, typename Events = FakeDocumentEvents> 
     Events events;
     CodePage codePage;
     Font font{"Tahoma", 8, false, false, false, false, 238};
-    MenuDocument document{files, prompts, settings, pump, events, codePage, font};
+    MenuDocument document{files, prompts, settings, pump, events, codePage, font, "C:\\Menus"};
 
     // The file, what is said of it, and the lines.
     std::string State() const

@@ -40,6 +40,7 @@ public:
         return showToTheEnd;
     }
     void FileChanged(const std::string& path) override { log.push_back("file " + path); }
+    void UnsavedChanged() override {}
     void HomeChanged(const std::string& path) override { log.push_back("home " + path); }
 };
 

@@ -223,7 +223,7 @@ TEST(Faults, LeaveWholeMenusWhereverTheProgramDies)
                 SCOPED_TRACE(act.name + (" " + std::to_string(operation)));
                 ExpectWhole(desk, act, saved, dies);
                 MenuDocument next(desk.files, desk.prompts, desk.settings, desk.pump, desk.events,
-                                  desk.codePage, desk.font);
+                                  desk.codePage, desk.font, "C:\\Menus");
                 desk.files.Restart();
                 EXPECT_TRUE(next.FOpen(kStart));
                 ExpectGoesOn(desk, next);

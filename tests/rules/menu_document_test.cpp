@@ -1,5 +1,7 @@
+#include "docs/paths.h"
 #include "fakes/fake_desk.h"
 #include "fakes/faulty_files.h"
+#include "mainwindow/history.h"
 
 #include <gtest/gtest.h>
 
@@ -69,6 +71,65 @@ TEST(MenuDocument, KeepsTheOldMenuWhenTheNewOneCannotBeOpened)
         EXPECT_EQ(desk.State(), kClean);
         EXPECT_EQ(desk.files.Contents(missing), "(none)");
     }
+}
+
+TEST(MenuDocument, CompletesAPathByTheProgramsFolderAndQuotesItAsGiven)
+{
+    const struct {
+        const char* folder;
+        const char* path;
+        const char* full;
+    } cases[] = {
+        {"C:\\Prog", "x.nvm", "C:\\Prog\\x.nvm"},
+        {"C:\\", "x.nvm", "C:\\x.nvm"},
+        {"C:\\Prog", "\\x.nvm", "C:\\x.nvm"},
+        {"C:\\Prog", "c:x.nvm", "C:\\Prog\\x.nvm"},
+        {"C:\\Prog", "D:x.nvm", "D:\\x.nvm"},
+        {"C:\\Prog", "D:\\x.nvm", "D:\\x.nvm"},
+        {"C:\\Prog", "\\\\s\\share\\x.nvm", "\\\\s\\share\\x.nvm"},
+        {"\\\\s\\share\\a\\b", "\\x.nvm", "\\\\s\\share\\x.nvm"},
+        {"\\\\s\\share", "/x.nvm", "\\\\s\\share/x.nvm"},
+    };
+    FakeFiles files;
+    for (const auto& c : cases) {
+        EXPECT_EQ(CompletePath(files, c.path, c.folder), c.full);
+    }
+    Desk desk;
+    EXPECT_TRUE(desk.document.FOpen("Other.nvm"));
+    EXPECT_EQ(desk.State(), kOtherOpen);
+    EXPECT_EQ(desk.settings.Text("Settings", "Last"), kOther);
+    desk.files.Find(kStart)->refused = kSharingViolation;
+    const std::pair<std::string, std::string> refusals[] = {
+        {"Start.txt", "Cannot open: \"Start.txt\"\n\nInvalid file extension!"},
+        {"New.nvm", "File New.nvm does not exist.\n\nWould you like to create a new menu?"},
+        {"Start.nvm", "Cannot open:\n\nStart.nvm\n\n<32>"},
+    };
+    for (const auto& [path, text] : refusals) {
+        desk.prompts.Expect(Answer::no);
+        EXPECT_FALSE(desk.document.FOpen(path));
+        EXPECT_EQ(desk.prompts.Take().text, text);
+    }
+    EXPECT_TRUE(desk.document.CreateNewMenuFile("New.nvm"));
+    EXPECT_EQ(desk.files.Contents("C:\\Menus\\New.nvm"), "");
+}
+
+TEST(History, KeepsAStepBackThatOpensNothing)
+{
+    History history;
+    history.Append("a");
+    history.Append("b");
+    const struct {
+        const char* opened;
+        const char* owed; // whose load was ended and begins again
+        const char* next; // step
+    } cases[] = {{"", "", "b"}, {"", "b", "a"}, {"c", "", "a"}, {"a", "", ""}};
+    EXPECT_EQ(history.StepBack(), "b");
+    for (const auto& c : cases) {
+        history.Opened(c.opened);
+        history.Settle(c.owed);
+        EXPECT_EQ(history.StepBack().value_or(""), c.next);
+    }
+    EXPECT_TRUE(history.Empty());
 }
 
 // A part of a menu must not be left where a save would write it over the whole one.
@@ -158,6 +219,74 @@ TEST(MenuDocument, AsksBeforeChangesAreLost)
             EXPECT_EQ(desk.document.FFile(), c.leaves && !closing ? kOther : kStart);
             EXPECT_TRUE(c.leaves || desk.document.UnsavedChanges());
         }
+    }
+}
+
+TEST(MenuDocument, AsksBeforeItWritesOverWhatAnotherProgramWrote)
+{
+    const std::string old = "edited\r\n";
+    const std::optional<Answer> kUnasked;
+    const struct {
+        std::string others; // what the file holds then; empty: it is gone
+        std::optional<Answer> answer;
+        SystemError refused = 0; // the file cannot even be read
+    } cases[] = {
+        {"longer than before", Answer::no}, {"longer than before", Answer::yes},
+        {"EDITED\r\n", Answer::cancel},     {old, kUnasked}, // written anew, but not changed
+        {old, Answer::no, kAccessDenied},   {"", kUnasked},
+    };
+    for (const auto& c : cases) {
+        for (const bool savedBefore : {false, true}) {
+            Desk desk;
+            desk.files.Put(kOther, old);
+            ASSERT_TRUE(desk.document.FOpen(kOther));
+            ASSERT_TRUE(!savedBefore || desk.document.SavePDM(kOther));
+            desk.files.Put(kOther, c.others);
+            desk.files.Find(kOther)->refused = c.refused;
+            if (c.others.empty()) {
+                EXPECT_EQ(desk.files.Remove(kOther), 0u);
+            }
+            if (c.answer) {
+                desk.prompts.Expect(*c.answer);
+            }
+            desk.document.Lines().Append("mine");
+            desk.document.SetMCh(true);
+            const bool saves = c.answer.value_or(Answer::yes) == Answer::yes;
+            EXPECT_EQ(desk.document.SavePDM(kOther), saves);
+            EXPECT_EQ(desk.files.Contents(kOther), saves ? old + "mine\r\n" : c.others);
+            EXPECT_NE(desk.document.UnsavedChanges(), saves);
+            const FakePrompts::Shown question{std::string("File ") + kOther +
+                                                  " was changed by another program.\n\n"
+                                                  "Do you want to overwrite it?",
+                                              PromptIcon::exclamation, PromptButtons::noYes};
+            EXPECT_EQ(desk.prompts.Take(), c.answer ? question : FakePrompts::Shown{});
+        }
+    }
+}
+
+TEST(MenuDocument, KeepsUnsavedChangesBesideTheFileWhenThereIsNoTimeToAsk)
+{
+    const std::string kept = std::string(kStart) + ".unsaved";
+    Desk desk;
+    desk.document.KeepUnsaved();
+    desk.Open(true);
+    desk.files.Put(kept, "of another day");
+    desk.document.Lines().Append("four");
+    for (int messages = 0; messages < 2; ++messages) {
+        desk.document.KeepUnsaved();
+    }
+    EXPECT_EQ(desk.files.Contents(kept), kMenu + "four\r\n");
+    EXPECT_EQ(desk.files.Contents(std::string(kStart) + ".2.unsaved"), "of another day");
+    EXPECT_EQ(desk.files.Contents(kStart), kMenu);
+    EXPECT_TRUE(desk.document.UnsavedChanges());
+    Desk next;
+    next.files.Put(kept, "kept");
+    for (int openings = 0; openings < 2; ++openings) {
+        if (openings == 0) {
+            next.prompts.Expect(Answer::ok);
+        }
+        EXPECT_TRUE(next.document.FOpen(kStart));
+        EXPECT_EQ(next.prompts.Take().text.find(kept) != std::string::npos, openings == 0);
     }
 }
 

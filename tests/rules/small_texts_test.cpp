@@ -77,8 +77,9 @@ TEST(Companion, NamesWhatDidNotStart)
     for (int count = 0; count < 5000; ++count) {
         info.plainProgram += "\x83\x5C";
     }
-    const std::string shown =
-        info.plainProgram.substr(0, 600) + "...\n\nIt was"; // whole characters
+    // Whole characters, 300 of them.
+    const std::string shown = info.plainProgram.substr(0, 2 * 149) + "..." +
+                              info.plainProgram.substr(0, 2 * 148) + "\n\nIt was";
     EXPECT_TRUE(CannotStartText(info, japanese).starts_with("Cannot start:\n\n" + shown));
 }
 
