@@ -16,6 +16,7 @@
 #include "win32/help_viewer.h"
 #include "win32/message_boxes.h"
 #include "win32/message_pump.h"
+#include "win32/mouse_presses.h"
 #include "win32/pictures.h"
 #include "win32/win_files.h"
 #include "win32/win_shell.h"
@@ -120,6 +121,7 @@ private:
     void UnsavedChanged() override;
     void HomeChanged(const std::string& path) override;
 
+    MousePresses mousePresses_;
     MessagePump& pump_;
     std::string programFolder_;
     std::string helpFile_;

@@ -65,8 +65,8 @@ public:
     // Of the file itself, where path is a symbolic link. It is one of nothing when the file is not
     // there, or cannot be looked at.
     virtual FileState State(const std::string& path) = 0;
-    // Where path is a symbolic link, the full path of the file that it leads to, empty when the
-    // code page cannot say it; else path.
+    // Where path is a symbolic link, the full path of the file that it leads to, empty when the code
+    // page cannot say it; else path, with the file's name in the case that it has.
     virtual std::string BehindLink(const std::string& path) = 0;
     // path from its drive on: one without that begins at the current folder. path itself when it
     // is none.

@@ -3,6 +3,7 @@
 #include "win32/gdi_canvas.h"
 #include "win32/gdi_text.h"
 #include "win32/load_function.h"
+#include "win32/mouse_presses.h"
 #include "win32/process.h"
 #include "win32/screen.h"
 
@@ -26,25 +27,12 @@ std::string CurrentFolder()
     return folder;
 }
 
-// A picker that a double click on a file closes is gone at the second press. The release that
-// follows is for nothing below it, where a button would take it for a click.
-void DropRelease()
+// A double click on a file closes the picker at the second press. The release that follows is for
+// nothing below.
+template <class Pick> bool InPicker(const Pick& pick)
 {
-    MSG message = {};
-    const auto drop = [&message] {
-        while (PeekMessageW(&message, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE) != 0) {
-            if (message.message == WM_QUIT) { // comes whatever was asked for, and is not for here
-                PostQuitMessage(static_cast<int>(message.wParam));
-                return;
-            }
-        }
-    };
-    constexpr DWORD kMilliseconds = 20;
-    while (GetAsyncKeyState(VK_LBUTTON) < 0 || GetAsyncKeyState(VK_RBUTTON) < 0) {
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, kMilliseconds, QS_MOUSE);
-        drop();
-    }
-    drop();
+    const PressesInPicker presses;
+    return pick() != FALSE;
 }
 
 } // namespace
@@ -102,8 +90,8 @@ std::string ComDial::PickFile(const char* picker, OPENFILENAMEA record, const st
     record.lpstrInitialDir = lastFolder_.c_str();
     record.lpstrTitle = title.c_str();
     BOOL(WINAPI * pick)(LPOPENFILENAMEA) = nullptr;
-    const bool picked = LoadFunction("comdlg32.dll", picker, pick) && pick(&record) != 0;
-    DropRelease();
+    const bool loaded = LoadFunction("comdlg32.dll", picker, pick);
+    const bool picked = loaded && InPicker([&] { return pick(&record); });
     lastFolder_ = CurrentFolder();
     RestoreProgramFolder();
     // Of a path that is too long, the buffer holds something else, or in UTF-8 its beginning.
@@ -124,8 +112,8 @@ Color ComDial::FontDialog(HDC deviceContext, HWND owner, Font& font, Color color
     choice.Flags = CF_SCREENFONTS | CF_PRINTERFONTS | CF_INITTOLOGFONTSTRUCT | CF_EFFECTS;
     choice.rgbColors = rgb;
     decltype(&ChooseFontA) choose = nullptr;
-    const bool chosen = LoadFunction("comdlg32.dll", "ChooseFontA", choose) && choose(&choice) != 0;
-    DropRelease();
+    const bool loaded = LoadFunction("comdlg32.dll", "ChooseFontA", choose);
+    const bool chosen = loaded && InPicker([&] { return choose(&choice); });
     if (!chosen) {
         return kCancelled; // the record may have changed all the same, the font has not
     }

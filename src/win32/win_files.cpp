@@ -281,8 +281,11 @@ std::string WinFiles::BehindLink(const std::string& path)
     const FileHandle file = OpenToLook(path);
     const std::string last = FinalPath(file);
     const std::string folder = FinalPath(OpenToLook(parts.folder));
-    if (last.empty() || folder.empty() || EqualIgnoringCase(last, PathIn(folder, parts.fileName))) {
+    if (last.empty() || folder.empty()) {
         return path;
+    }
+    if (EqualIgnoringCase(last, PathIn(folder, parts.fileName))) {
+        return PathIn(parts.folder, SplitPath(last, ProcessCodePage()).fileName);
     }
     // A name that the code page cannot hold comes out as that of another file, or of none.
     return AreTheSame(OpenToLook(last), file) ? last : std::string();

@@ -61,6 +61,44 @@ TEST(WinSave, ReportsWhatCannotBeWrittenAndLeavesIt)
     EXPECT_EQ(desk.files.List(folder / "*", 9), (std::vector<std::string>{"Start.nvm"}));
 }
 
+// Wine makes no symbolic links itself.
+void MakeSymbolicLink(const ScratchFolder& folder, const std::string& to, const std::string& name)
+{
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process = {};
+    std::string line = "Z:\\bin\\ln -s " + to + ' ' + name;
+    ASSERT_TRUE(CreateProcessA("Z:\\bin\\ln", line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                               folder.Path().c_str(), &startup, &process));
+    EXPECT_TRUE(e2e::Until(
+        [&] { return GetFileAttributesA((folder / name).c_str()) != INVALID_FILE_ATTRIBUTES; }));
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+}
+
+TEST(WinSave, LeavesNamesAndLinksWhatTheyAre)
+{
+    const ScratchFolder folder;
+    std::ofstream(folder / "Start.nvm").put('5');
+    MakeSymbolicLink(folder, "Start.nvm", "Symbolic.nvm");
+    FakeDesk<WinFiles> desk;
+    const std::vector<std::string> names = {"Hard.nvm", "Start.nvm", "Symbolic.nvm"};
+    const auto save = [&](const std::string& name) {
+        desk.document.Lines().Append(name);
+        EXPECT_TRUE(desk.document.SavePDM(folder / name));
+        EXPECT_TRUE(Contents(folder / "Start.nvm").ends_with(name + "\r\n")) << name;
+    };
+    save("Symbolic.nvm");
+    save("START.NVM");
+    ASSERT_TRUE(
+        CreateHardLinkA((folder / "Hard.nvm").c_str(), (folder / "Start.nvm").c_str(), nullptr));
+    for (const std::string& name : names) {
+        save(name);
+        EXPECT_EQ(desk.files.State(folder / name).names, 2u);
+    }
+    EXPECT_EQ(desk.files.List(folder / "*", 9), names); // and nothing beside them
+}
+
 // The program dies once in each operation. Failures in it are the same with any files: see the
 // tests of the rules.
 TEST(WinSave, LeavesAWholeFileWhereverTheProgramDies)
