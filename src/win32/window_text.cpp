@@ -42,15 +42,32 @@ void SetTextOf(HWND window, const std::string& text)
     }
 }
 
+BoxSelection SelectionOf(HWND box)
+{
+    BoxSelection selection = {};
+    SendMessageA(box, EM_GETSEL, reinterpret_cast<WPARAM>(&selection.begin),
+                 reinterpret_cast<LPARAM>(&selection.end));
+    return selection;
+}
+
+void SetSelection(HWND box, const BoxSelection& selection)
+{
+    SendMessageA(box, EM_SETSEL, selection.begin, static_cast<LPARAM>(selection.end));
+}
+
+void SelectAll(HWND box)
+{
+    // From the end on: where a selection ends, the caret stands.
+    SetSelection(box, {static_cast<DWORD>(GetWindowTextLengthA(box)), 0});
+}
+
 TextAround TextAroundSelection(HWND box)
 {
-    DWORD start = 0;
-    DWORD end = 0;
-    SendMessageA(box, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    const BoxSelection selection = SelectionOf(box);
     const std::string text = TextOf(box);
     TextAround around;
-    around.before = FirstCharacters(text, static_cast<int>(start));
-    around.after = text.substr(FirstCharacters(text, static_cast<int>(end)).size());
+    around.before = FirstCharacters(text, static_cast<int>(selection.begin));
+    around.after = text.substr(FirstCharacters(text, static_cast<int>(selection.end)).size());
     return around;
 }
 

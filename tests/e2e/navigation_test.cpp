@@ -26,12 +26,12 @@ protected:
 TEST_F(Navigation, LinksOpenMenusInPlaceAndBackGoesThroughThemInReverse)
 {
     const std::string b = Path("The other.nvm");
-    const std::string c = "C.nvm"; // the program's folder is the current one
-    const std::string d = ".\\d.Nvm";
+    const std::string c = Path("C.nvm");
+    const std::string d = Path("d.Nvm");
     // In colours of their own: the menu before may stand on the screen for a while yet.
     WriteLinks("D.nvm", {});
-    WriteLinks("C.nvm", {d}, 2);
-    WriteLinks("The other.nvm", {c}, 1);
+    WriteLinks("C.nvm", {".\\d.Nvm"}, 2); // below the program's folder
+    WriteLinks("The other.nvm", {"C.nvm"}, 1);
     const std::string a = WriteLinks("A.nvm", {'"' + b + '"'});
     Program& program = Open(a);
     const HWND window = program.Window();
@@ -82,6 +82,47 @@ TEST_F(Navigation, ALinkStartsItsProgramOnTheReleaseOfAnyButton)
         ReleaseMouse(*second, up);
         EXPECT_EQ(WaitForRecordedWord(), "second");
     }
+}
+
+TEST_F(Navigation, AReleaseCountsUnlessItsPressWasOutsideTheProgram)
+{
+    Program& program = Open(WriteLinks("A.nvm", {Recorder("first"), Recorder("second")}));
+    const HWND window = program.Window();
+    ShowWindow(window, SW_MAXIMIZE);
+    ASSERT_TRUE(Until([&] { return IsZoomed(window); }));
+    const auto first = WaitForColor(program.View(), Mark(0));
+    ASSERT_TRUE(first);
+    ShowWindow(window, SW_RESTORE);
+    // Where the link stands when the window is maximized, its caption stands now.
+    SetWindowPos(window, nullptr, first->x - 300, first->y - 12, 800, 600, SWP_NOZORDER);
+    ASSERT_TRUE(program.Answers());
+    PressMouse(*first);
+    ReleaseMouse(*first);
+    PressMouse(*first);
+    ASSERT_TRUE(Until([&] { return IsZoomed(window); })) << "no double click";
+    ASSERT_TRUE(program.Answers());
+    ReleaseMouse(*first);
+    ASSERT_TRUE(ClickOn(Mark(1)));
+    EXPECT_EQ(WaitForRecordedWord(), "second");
+    // Another program's window closes at the press.
+    const HWND other =
+        CreateWindowExA(WS_EX_TOPMOST, "STATIC", "", WS_POPUP | WS_VISIBLE | SS_NOTIFY,
+                        first->x - 20, first->y - 20, 40, 40, nullptr, nullptr, nullptr, nullptr);
+    PressMouse(*first);
+    MSG message = {};
+    EXPECT_TRUE(Until([&] {
+        return PeekMessageA(&message, other, WM_LBUTTONDOWN, WM_LBUTTONDOWN, PM_REMOVE) != 0;
+    }));
+    DestroyWindow(other);
+    ASSERT_TRUE(program.Answers());
+    ReleaseMouse(*first);
+    ASSERT_TRUE(ClickOn(Mark(1)));
+    EXPECT_EQ(WaitForRecordedWord(), "second");
+    // What comes from no mouse.
+    POINT at = *first;
+    ScreenToClient(program.View(), &at);
+    PostMessageA(program.View(), WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+    EXPECT_EQ(WaitForRecordedWord(), "first");
 }
 
 TEST_F(Navigation, PointingAtALinkShowsItsCommand)
