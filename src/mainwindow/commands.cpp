@@ -14,6 +14,8 @@ std::optional<Command> CommandOfPlainKey(Key key, bool editing, bool inItemList)
         return editing ? std::nullopt : std::optional(Command::back);
     case Key::f5:
         return Command::revert;
+    case Key::insert:
+        return inItemList ? std::optional(Command::insertNew) : std::nullopt;
     case Key::del:
         return inItemList ? std::optional(Command::remove) : std::nullopt;
     default:

@@ -45,7 +45,7 @@ struct Facts {
 bool Available(Command command, const Facts& facts);
 
 // Keys of the main window, apart from those of the column, the boxes and of the focus.
-enum class Key { backspace, left, home, up, down, del, e, n, o, s, y, z, f5, other };
+enum class Key { backspace, left, home, up, down, insert, del, e, n, o, s, y, z, f5, other };
 
 struct KeyPress {
     Key key = Key::other;

@@ -2,6 +2,7 @@
 
 #include "mainwindow/browse.h"
 #include "platform/mark.h"
+#include "win32/dropped_files.h"
 #include "win32/screen.h"
 #include "win32/window_text.h"
 
@@ -85,6 +86,15 @@ void EditPanel::Show()
     SetFocus(list_.Handle());
 }
 
+void EditPanel::FocusNewEntry()
+{
+    const bool caption = editor_.Use().caption;
+    SetFocus(caption ? captionBox_ : typeBox_);
+    if (caption) {
+        SelectAll(captionBox_);
+    }
+}
+
 void EditPanel::Hide()
 {
     ShowWindow(Handle(), SW_HIDE);
@@ -160,7 +170,7 @@ bool EditPanel::OnCaptionKey(const MSG& message) const
         return true;
     }
     if (message.wParam == 'A' && control && GetKeyState(VK_MENU) >= 0) {
-        SendMessageA(captionBox_, EM_SETSEL, 0, -1);
+        SelectAll(captionBox_);
         return true;
     }
     return false;
@@ -183,22 +193,26 @@ LRESULT EditPanel::OnCaptionColor(HDC dc)
     return reinterpret_cast<LRESULT>(GetSysColorBrush(ground));
 }
 
-// Each file becomes a link where it was dropped on the list.
+// Each file becomes a link where it was dropped on the list; the first one the command, or a path
+// in the caption, where it was dropped on their boxes.
 LRESULT EditPanel::OnDropFiles(HDROP drop)
 {
-    POINT at = {};
-    DragQueryPoint(drop, &at);
-    ClientToScreen(Handle(), &at);
-    std::vector<std::string> paths;
-    const UINT count = DragQueryFileA(drop, 0xFFFFFFFF, nullptr, 0);
-    for (UINT index = 0; index < count; ++index) {
-        std::string path(DragQueryFileA(drop, index, nullptr, 0) + 1, '\0');
-        path.resize(DragQueryFileA(drop, index, path.data(), static_cast<UINT>(path.size())));
-        paths.push_back(std::move(path));
+    const DroppedFiles dropped = TakeDroppedFiles(Handle(), drop);
+    const auto isOver = [&dropped](HWND box) {
+        RECT area = {};
+        GetWindowRect(box, &area);
+        return IsWindowEnabled(box) && PtInRect(&area, dropped.at);
+    };
+    if (dropped.paths.empty() || !MayEdit()) {
+        return 0;
     }
-    DragFinish(drop);
-    if (const auto gap = list_.GapAt(at); gap && MayEdit()) {
-        editor_.InsertFiles(paths, *gap);
+    if (const auto gap = list_.GapAt(dropped.at)) {
+        editor_.InsertFiles(dropped.paths, *gap);
+    } else if (isOver(commandBox_) && MayInsertInto(commandBox_)) {
+        SelectAll(commandBox_);
+        InsertIntoBox(commandBox_, '"' + dropped.paths.front() + '"');
+    } else if (isOver(captionBox_) && MayInsertInto(captionBox_)) {
+        InsertIntoBox(captionBox_, dropped.paths.front());
     }
     return 0;
 }
@@ -235,10 +249,19 @@ void EditPanel::Browse(HWND owner)
     }
     const std::string path = comDial_.OpenFileDialog(
         "Browse", "", BrowseFilter(), BrowseFilterIndex(TextOf(commandBox_)), true, owner);
-    if (!path.empty()) {
-        const TextAround around = TextAroundSelection(commandBox_);
-        InsertIntoBox(commandBox_, QuotedForBox(path, around.before, around.after));
+    if (path.empty()) {
+        return;
     }
+    // Where the user has touched neither text nor caret, the pick takes the place of what stands
+    // there: the old command, or a wrong pick.
+    if (left_.text == TextOf(commandBox_) && left_.selection == SelectionOf(commandBox_)) {
+        SetSelection(commandBox_, left_.replaced);
+    }
+    const DWORD begin = SelectionOf(commandBox_).begin;
+    const TextAround around = TextAroundSelection(commandBox_);
+    InsertIntoBox(commandBox_, QuotedForBox(path, around.before, around.after));
+    const BoxSelection caret = SelectionOf(commandBox_);
+    left_ = {TextOf(commandBox_), caret, {begin, caret.end}};
 }
 
 // One step for Undo, apart from what was typed before and after.
@@ -310,8 +333,16 @@ void EditPanel::FillFields()
         const bool caption = FillBox(captionBox_, fields.caption, kLongestCaption);
         const bool command = FillBox(commandBox_, fields.link, kLongestCommand);
         ShowTitle(caption && command ? "Menu Edit" : "Some of this text cannot be edited here.");
+        if (GetFocus() != commandBox_) {
+            SelectAll(commandBox_);
+        }
+        left_ = {TextOf(commandBox_),
+                 SelectionOf(commandBox_),
+                 {0, static_cast<DWORD>(GetWindowTextLengthA(commandBox_))}};
         // A hand-edited file may hold other codes than the box has: none is chosen then.
-        SendMessageA(typeBox_, CB_SETCURSEL, static_cast<WPARAM>(fields.type), 0);
+        const bool known = fields.type <= ItemType::vLine;
+        SendMessageA(typeBox_, CB_SETCURSEL, known ? static_cast<WPARAM>(fields.type) : WPARAM(-1),
+                     0);
     }
     ShowUse();
 }

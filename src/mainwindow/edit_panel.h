@@ -5,6 +5,7 @@
 #include "mainwindow/item_list.h"
 #include "mainwindow/menu_editor.h"
 #include "system/com_dial.h"
+#include "win32/window_text.h"
 
 #include <windows.h>
 
@@ -41,6 +42,9 @@ public:
     void ChangeFont(HWND owner);
     void InsertPath(HWND owner);
     void Browse(HWND owner);
+
+    // The keyboard goes to what a new entry needs first: its caption, all selected, or its type.
+    void FocusNewEntry();
 
     // The panel is shown now; the keyboard goes to its item list.
     void Show();
@@ -107,6 +111,13 @@ private:
     FontHandle designFont_; // of the controls until they are given the window's
     FontHandle captionFont_;
     TwipRect titleArea_;
+    // How the panel itself last left the command box, and what of it the next pick replaces.
+    struct LeftBox {
+        std::string text;
+        BoxSelection selection;
+        BoxSelection replaced;
+    };
+    LeftBox left_ = {};
     FieldUse shownUse_;
     bool created_ = false; // and has its controls
     bool filling_ = false; // the boxes are being filled: what they report is not the user's

@@ -60,6 +60,9 @@ Form1::Form1(MessagePump& pump, std::string programFolder, const Version& versio
     panel_.UseChanged = [this] { UpdateButtons(); };
     panel_.LinesEdited = [this] { LinesEdited(); };
     panel_.MayEdit = [this] { return !busy_ && IsWindowEnabled(Handle()); };
+    view_.FileDropped = [this](const std::string& path) {
+        WhenFree([this, path] { document_.FOpen(path); });
+    };
     view_.EntryClick = [this](std::uint32_t entry) { OnEntryClick(entry); };
     pump_.Filter = [this](MSG& message) { return FilterMessage(message); };
 }
@@ -274,7 +277,8 @@ void Form1::Edit(Command command)
     MenuEditor& editor = panel_.Editor();
     switch (command) {
     case Command::insertNew:
-        return editor.InsertNew();
+        editor.InsertNew();
+        return panel_.FocusNewEntry();
     case Command::remove:
         return editor.Remove();
     case Command::moveUp:

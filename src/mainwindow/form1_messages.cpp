@@ -57,6 +57,8 @@ Key KeyOf(WPARAM key)
         return Key::up;
     case VK_DOWN:
         return Key::down;
+    case VK_INSERT:
+        return Key::insert;
     case VK_DELETE:
         return Key::del;
     case 'E':

@@ -62,6 +62,7 @@ bool Form1::StartUp(std::string_view arguments, int showCommand)
     static_cast<void>(RegisterMenuFileType(programFolder_));
     CommandLine commandLine = ParseCommandLine(arguments, document_.Page());
     locked_ = commandLine.locked;
+    DragAcceptFiles(view_.Handle(), !locked_);
     UpdateButtons();
     if (commandLine.filePart.empty()) {
         commandLine.filePart = StartFileChoice(settings_, defaultHome, document_.Home());

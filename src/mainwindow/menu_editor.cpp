@@ -73,12 +73,14 @@ void MenuEditor::Select(std::optional<std::size_t> index)
 
 void MenuEditor::Enter()
 {
+    editing_ = true;
     Select(remembered_ && *remembered_ < Count() ? remembered_ : 0);
 }
 
 void MenuEditor::Leave()
 {
     EndTyping();
+    editing_ = false;
     remembered_ = selected_;
 }
 
@@ -86,12 +88,17 @@ void MenuEditor::Cleared()
 {
     journal_.clear(); // its texts are gone with the lines
     done_ = 0;
+    cleared_ = selected_ ? selected_ : cleared_;
     Reset(false);
 }
 
 void MenuEditor::Loaded()
 {
+    const auto before = selected_ ? selected_ : std::exchange(cleared_, std::nullopt);
     Reset(true);
+    if (editing_) {
+        Select(before && *before < Count() ? before : 0);
+    }
 }
 
 void MenuEditor::Reset(bool loaded)

@@ -101,7 +101,8 @@ public:
     void Leave();
     // The document's lines are gone, and with them the steps for Undo.
     void Cleared();
-    // The lines are whole and shown; nothing is selected. Steps for Undo stay.
+    // The lines are whole and shown. In edit mode the item that was selected before is selected, or
+    // the first; else nothing is. Steps for Undo stay.
     void Loaded();
 
 private:
@@ -138,6 +139,8 @@ private:
     MenuItem fields_;
     std::optional<std::size_t> selected_;
     std::optional<std::size_t> remembered_; // what was selected when edit mode was left
+    std::optional<std::size_t> cleared_;    // ... when the lines went
+    bool editing_ = false;                  // from Enter() to Leave()
     std::vector<Step> journal_;
     std::size_t done_ = 0;         // steps that were not taken back; the others can be done again
     Typing typing_ = Typing::none; // the field whose typing the last step still takes up

@@ -1,6 +1,7 @@
 #include "mainwindow/menu_view.h"
 
 #include "controls/kel_pic.h"
+#include "win32/dropped_files.h"
 #include "win32/screen.h"
 
 #include <windows.h>
@@ -106,6 +107,9 @@ std::optional<LRESULT> MenuView::RouteInput(UINT message, WPARAM wParam, LPARAM 
         return 0;
     case WM_NOTIFY:
         return OnNotify(lParam);
+    case WM_DROPFILES:
+        OnDropFiles(reinterpret_cast<HDROP>(wParam));
+        return 0;
     case kSynchronize:
         Synchronize();
         return 0;
@@ -301,6 +305,16 @@ LRESULT MenuView::OnNotify(LPARAM lParam)
         reinterpret_cast<NMTTDISPINFOA*>(lParam)->lpszText = tipText_.data();
     }
     return 0;
+}
+
+void MenuView::OnDropFiles(HDROP drop)
+{
+    const DroppedFiles dropped = TakeDroppedFiles(Handle(), drop);
+    if (!dropped.paths.empty() && TakesInput(Handle())) {
+        // It was another program's window that had the keyboard; boxes are to be seen.
+        SetForegroundWindow(GetAncestor(Handle(), GA_ROOT));
+        FileDropped(dropped.paths.front());
+    }
 }
 
 // Brings the scroll bar, the picture and what screen readers know up to date with the column.

@@ -3,6 +3,10 @@
 #include "mainwindow/menu_pane.h"
 #include "win32/painted_window.h"
 
+#include <windows.h>
+
+#include <shellapi.h>
+
 #include <functional>
 
 namespace nv
@@ -25,6 +29,9 @@ public:
     void SetEmptyText(const std::string& text);
     // Raised with the index of a clicked link's entry. May re-enter.
     std::function<void(std::uint32_t)> EntryClick;
+    // Raised with the path of a file that was dropped on the view, the first of several. Whether
+    // any can be dropped is the owner's to say, by DragAcceptFiles. May re-enter.
+    std::function<void(const std::string&)> FileDropped;
 
 protected:
     std::optional<LRESULT> RouteInput(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -42,6 +49,7 @@ private:
     void OnTab();
     void OnSetFocus();
     LRESULT OnNotify(LPARAM lParam);
+    void OnDropFiles(HDROP drop);
     void Synchronize();
     void SynchronizeSoon();
     void ShowScroll();

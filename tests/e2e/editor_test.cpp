@@ -90,11 +90,11 @@ TEST_F(Editor, ShowsWhatIsEditedAndComesBackToItsPlace)
     expected[1].caption = "recorder\x01more";
     EXPECT_EQ(Saved(Path("Start.nvm")), MenuOf(expected));
 
+    PressKey(VK_DOWN);
     PressKey(VK_F5);
-    EXPECT_TRUE(Until([&] { return Selected() == LB_ERR && Count() == 60; }));
+    EXPECT_TRUE(WaitForBoxText(kCaption, "one"));
+    EXPECT_TRUE(Until([&] { return Selected() == 2 && Count() == 60; })); // as before
     EXPECT_EQ(program.Focus(), "ListBox");
-    ASSERT_TRUE(ClickButton("Edit")); // nothing is selected: that brings back what was
-    EXPECT_TRUE(Until([&] { return Selected() == 1; }));
 }
 
 TEST_F(Editor, ChangesTheListAndTakesItBack)
@@ -137,7 +137,7 @@ TEST_F(Editor, KeepsTheEditsUntilTheUserGivesThemUp)
     };
     const auto expectRefusal = [&](const std::string& message) {
         ExpectBox(message + "\n\n" + ReasonOf(ERROR_SHARING_VIOLATION), BoxIcon::stop);
-        EXPECT_TRUE(WaitForMenu(start) && Count() == 1);
+        EXPECT_TRUE(program.WaitForTitle(TitleOf(start) + " *") && Count() == 1);
     };
     HANDLE held = hold(start);
     PressKey('S', {VK_CONTROL});
@@ -153,9 +153,10 @@ TEST_F(Editor, KeepsTheEditsUntilTheUserGivesThemUp)
     CloseHandle(held);
     ASSERT_TRUE(ClickButton("Home"));
     ExpectSaveQuestion(start, "Cancel");
-    EXPECT_TRUE(WaitForMenu(start));
+    EXPECT_EQ(program.Title(), TitleOf(start) + " *");
     ASSERT_TRUE(ClickButton("Revert"));
     ExpectSaveQuestion(start, "No");
+    EXPECT_TRUE(WaitForMenu(start));
     EXPECT_TRUE(EnterEditMode());
     EXPECT_EQ(Count(), 2);
     EXPECT_EQ(Contents(start), before);
@@ -172,28 +173,52 @@ TEST_F(Editor, BrowseAndFontPickers)
 {
     const std::string path = WriteLinks("Start.nvm", {"a"});
     Program& program = Edit(path);
+    const auto pick = [&](const std::string& name) {
+        ASSERT_TRUE(ClickButton("Browse"));
+        EXPECT_TRUE(WaitUntilGone(program.PickFile("Browse", Path(name))));
+    };
+    const std::string quoted = '"' + Path("recorder.exe") + '"';
+    pick("NVSub.exe"); // takes the place of the command, which nobody has touched
+    EXPECT_TRUE(WaitForBoxText(kCommand, '"' + Path("NVSub.exe") + '"'));
+    pick("recorder.exe"); // ... and of a wrong pick
+    EXPECT_TRUE(WaitForBoxText(kCommand, quoted));
+    Type(" x"); // behind it
+    EXPECT_TRUE(WaitForBoxText(kCommand, quoted + " x"));
+    pick("recorder.exe"); // where the user has put the caret
+    EXPECT_TRUE(WaitForBoxText(kCommand, quoted + " x" + quoted));
+    PressKey('Z', {VK_CONTROL});
+    EXPECT_TRUE(WaitForBoxText(kCommand, quoted + " x"));
+    pick("recorder.exe"); // Undo has left it so, not the user
+    EXPECT_TRUE(WaitForBoxText(kCommand, quoted));
+    PressKey('Z', {VK_CONTROL});
+
+    // As a double click does, the pick ends at a press. Its release is not for what lies below.
     ASSERT_TRUE(ClickButton("Browse"));
     const HWND picker = program.WaitForDialog("Browse");
     ASSERT_NE(picker, nullptr);
-    const std::string chosen = Path("recorder.exe");
+    PressMouse(CentreOf(GetDlgItem(picker, 0x47c)));
     EXPECT_TRUE(Until([&] {
-        const HWND name = GetDlgItem(picker, 0x47c);
-        SendMessageA(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(chosen.c_str()));
-        return TextOf(name) == chosen;
+        GUITHREADINFO state = {};
+        state.cbSize = sizeof state;
+        return GetGUIThreadInfo(GetWindowThreadProcessId(picker, nullptr), &state) &&
+               state.hwndCapture != nullptr;
     }));
-    // As a double click does, the pick ends at a press. Its release is not for what lies below.
-    const RECT label = PlaceOf(GetWindow(GetDlgItem(picker, 0x47c), GW_HWNDPREV));
-    PressMouse({label.left + 2, label.top + 2});
-    PostMessageA(picker, WM_COMMAND, IDOK, 0);
+    PostMessageA(picker, WM_COMMAND, IDCANCEL, 0);
     EXPECT_TRUE(WaitUntilGone(picker));
     MoveMouse(CentreOf(program.Button("Insert New")));
     ReleaseMouse(CentreOf(program.Button("Insert New")));
-    const std::string quoted = '"' + chosen + '"';
-    // The caret stood before what was there.
-    EXPECT_TRUE(WaitForBoxText(kCommand, quoted + "a.exe"));
-    EXPECT_EQ(Count(), 1);
+    ASSERT_TRUE(ClickButton("Insert New"));
+    EXPECT_TRUE(program.WaitForFocus("Edit"));
+    Type("n"); // its caption is selected
+    EXPECT_TRUE(WaitForBoxText(kCaption, "n"));
+    EXPECT_EQ(Count(), 2);
     PressKey('Z', {VK_CONTROL});
+    EXPECT_TRUE(WaitForBoxText(kCaption, "a"));
+    for (int step = 0; step < 4; ++step) {
+        PressKey('Z', {VK_CONTROL});
+    }
     EXPECT_TRUE(WaitForBoxText(kCommand, "a.exe"));
+    EXPECT_EQ(Count(), 1);
 
     ASSERT_TRUE(ClickButton("Change Font..."));
     const HWND fonts = program.WaitForDialog("Font");

@@ -26,6 +26,7 @@ struct EditorModel {
     Steps done, undone;
     int remembered = -1;
     bool marked = false;
+    bool editing = false;
     MenuItem fields = kNewEntry;
     char typing = 0; // the field whose typing the last step still takes up
 
@@ -141,16 +142,25 @@ struct EditorModel {
     }
     void Undo() { Travel(done, undone, true); }
     void Redo() { Travel(undone, done, false); }
-    void Enter() { Select(remembered < Count() ? std::max(remembered, 0) : 0); }
+    void Enter()
+    {
+        editing = true;
+        Select(remembered < Count() ? std::max(remembered, 0) : 0);
+    }
     void Leave()
     {
         typing = 0;
+        editing = false;
         remembered = now.selected;
     }
     void Loaded()
     {
+        const int before = std::max(now.selected, 0);
         Select(-1);
         fields = kNewEntry;
+        if (editing) {
+            Select(before < Count() ? before : 0);
+        }
     }
 };
 

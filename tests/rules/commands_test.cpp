@@ -63,6 +63,8 @@ TEST(Commands, HaveKeys)
         {Key::home, none, list, std::nullopt},
         {Key::f5, none, view, Command::revert},
         {Key::f5, shift, view, std::nullopt},
+        {Key::insert, none, list, Command::insertNew},
+        {Key::insert, none, box, std::nullopt},
         {Key::del, none, list, Command::remove},
         {Key::del, none, box, std::nullopt},
         {Key::up, control, list, Command::moveUp},

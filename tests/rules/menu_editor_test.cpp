@@ -258,6 +258,24 @@ TEST(MenuEditor, DoesNothingWhileNoMenuIsLoaded)
     EXPECT_FALSE(desk.editor.CanUndo() || desk.editor.CanRedo()); // of the menu before
 }
 
+TEST(MenuEditor, SelectsAnEntryOfAMenuThatComesWhileItIsShown)
+{
+    Desk desk(LetterLines("abcd"));
+    desk.editor.Enter();
+    desk.editor.Select(2);
+    const std::pair<const char*, int> cases[] = {
+        {"3>\r\n3>\r\n3>\r\n", 2}, {"3>\r\n", 0}, {"", -1}, {"3>\r\n3>\r\n", 0}};
+    for (const auto& [menu, selected] : cases) {
+        desk.files.Put(kMenu, menu);
+        EXPECT_TRUE(desk.document.FOpen(kMenu));
+        EXPECT_EQ(desk.Selected(), selected) << menu;
+        EXPECT_EQ(desk.panel.selected, desk.editor.Selected());
+    }
+    desk.editor.Leave();
+    EXPECT_TRUE(desk.document.FOpen(kMenu));
+    EXPECT_EQ(desk.Selected(), -1);
+}
+
 TEST(MenuEditor, APanelOutOfMemoryLeavesStepsThatCanBeUndone)
 {
     for (const char action : std::string("curiF")) {
