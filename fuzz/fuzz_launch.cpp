@@ -21,8 +21,8 @@ namespace
 
 constexpr WindowHandle kOwner = 7;
 const std::string kFolder = "D:\\Navrix";
-// Longer names and command lines have limits of their own, which the second writing has not.
-constexpr std::size_t kLongestCompared = 250;
+// Longer command lines have a limit of their own, which the second writing has not.
+constexpr std::size_t kLongestCompared = 30000;
 
 class ScriptedShell final : public Shell
 {
@@ -151,6 +151,22 @@ SplitResult PlainSplit(Text text, bool keepQuotes)
     return split;
 }
 
+// Of a name of two characters or more, and a colon: "x:" is a drive.
+bool HasScheme(const Text& target)
+{
+    const Text letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    const long colon = InStr(1, target, ":");
+    if (colon < 3 || InStr(1, letters, UpperCase(Mid(target, 1, 1))) == 0) {
+        return false;
+    }
+    for (long at = 1; at < colon; ++at) {
+        if (InStr(1, letters + "0123456789+-", UpperCase(Mid(target, at, 1))) == 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
 class PlainLaunch
 {
 public:
@@ -195,7 +211,10 @@ void PlainLaunch::Run(const Text& given)
     }
     if (!found) {
         if (info_.mode == LaunchMode::shellStart) {
-            ShellStart(info_.quotedProgram, "");
+            const long longest = HasScheme(info_.plainProgram) ? 2047 : 259;
+            if (Len(info_.plainProgram) <= longest && Len(info_.quotedProgram) <= longest + 2) {
+                ShellStart(info_.quotedProgram, "");
+            }
         } else if (info_.mode == LaunchMode::processStart) {
             ProcessStart(info_.quotedProgram, "");
         }
@@ -243,6 +262,9 @@ bool PlainLaunch::Find()
     info_.plainProgram = PlainSplit(commandLine_, false).program;
     info_.quotedProgram = PlainSplit(commandLine_, true).program;
     info_.arguments = PlainSplit(commandLine_, true).arguments;
+    if (Len(info_.plainProgram) > 259) {
+        return false;
+    }
     Text buffer(300, ' ');
     const auto result = shell_.FindProgram(info_.plainProgram, "0", buffer);
     buffer = Mid(buffer, 1, 255);

@@ -69,10 +69,11 @@ complain 'Menus beside Start.nvm' < <(
 wide='DispatchMessage|GetMessage|IsDialogMessage|PeekMessage|WriteConsole'
 wide+='|DrawText|GetTextExtentExPoint|GetTextExtentPoint32|TextOut|GetModuleHandle|LoadLibrary'
 system_dlls='kernel32|user32|gdi32|advapi32|shell32|comctl32|msvcrt'
-# Each of those costs every start. These are loaded when they are needed (win32/load_function).
+# Each of those costs every start. These are loaded when they are needed (win32/load_function). Every
+# process has ntdll, which is only looked at.
 late_dlls='comdlg32|ole32|oleacc|oleaut32'
 complain 'Loaded by name, and not of the system' < <(
-    grep -rnoE '"[A-Za-z0-9_]+\.(dll|DLL)"' src | grep -vE "\"($late_dlls)\.dll\"")
+    grep -rnoE '"[A-Za-z0-9_]+\.(dll|DLL)"' src | grep -vE "\"($late_dlls|ntdll)\.dll\"")
 complain 'Called by name, and for wide characters' < <(grep -rnE '"[A-Z][A-Za-z]+[a-z]W"' src)
 for program in build/windows{,32}/program/*.exe; do
     headers=$(x86_64-w64-mingw32-objdump -p "$program")

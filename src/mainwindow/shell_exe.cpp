@@ -220,9 +220,10 @@ void Launch::StartFound(const std::string& document)
 void Launch::StartAsWritten()
 {
     if (info_.mode == LaunchMode::shellStart) {
+        const std::string& target = info_.plainProgram;
+        const std::size_t longest = IsAddress(target) ? kLongestAddress : kLongestFile;
         // Doubled quotes make the program as written longer than its plain form.
-        info_.started = info_.plainProgram.size() <= kLongestFile &&
-                        info_.quotedProgram.size() <= kLongestFile + 2 &&
+        info_.started = target.size() <= longest && info_.quotedProgram.size() <= longest + 2 &&
                         ShellStart(info_.quotedProgram, "");
     } else if (info_.mode == LaunchMode::processStart) {
         info_.started = ProcessStart(info_.quotedProgram, "");
@@ -290,6 +291,20 @@ bool IsLauncherCommand(std::string_view command)
         command.remove_prefix(1);
     }
     return UpperCase(command.substr(0, 5)) == "NVSUB";
+}
+
+bool IsAddress(std::string_view target)
+{
+    const auto isLetter = [](char ch) {
+        return (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z');
+    };
+    const auto isOfName = [&](char ch) {
+        return isLetter(ch) || (ch >= '0' && ch <= '9') || ch == '-' || ch == '+';
+    };
+    const auto colon = target.find(':');
+    const std::string_view name = target.substr(0, colon);
+    return colon != npos && name.size() >= 2 && isLetter(name.front()) &&
+           std::all_of(name.begin(), name.end(), isOfName);
 }
 
 ShellExe::ShellExe(Shell& shell, std::string programFolder)

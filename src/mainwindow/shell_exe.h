@@ -9,6 +9,7 @@
 #include "platform/ansi_text.h"
 #include "platform/shell.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -51,6 +52,13 @@ std::size_t FindSwitch(std::string_view command);
 
 // True for a command that runs the companion launcher: it begins with NVSUB, quoted or not.
 bool IsLauncherCommand(std::string_view command);
+
+// True for "https://example.com", "mailto:..." or "shell:startup": nothing that is looked for on a
+// disk. The name before the colon is longer than that of a drive.
+bool IsAddress(std::string_view target);
+
+// The longest address that the shell is given; it takes no more.
+inline constexpr std::size_t kLongestAddress = 2047;
 
 class ShellExe
 {

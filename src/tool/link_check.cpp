@@ -11,24 +11,6 @@
 namespace nv
 {
 
-namespace
-{
-
-// "https://example.com", "mailto:..." or "shell:startup": nothing that is looked for on a disk. The
-// name before the colon is longer than that of a drive.
-bool IsAddress(std::string_view target)
-{
-    const auto colon = target.find(':');
-    const auto isLetter = [](char ch) {
-        return (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z') || ch == '-' || ch == '+';
-    };
-    return colon != std::string_view::npos && colon >= 2 &&
-           std::all_of(target.begin(), target.begin() + static_cast<std::ptrdiff_t>(colon),
-                       isLetter);
-}
-
-} // namespace
-
 std::int32_t LookingShell::FindProgram(const std::string& file, const std::string& directory,
                                        std::span<char> answer)
 {

@@ -60,6 +60,12 @@ std::string ProgramFolder()
     return SplitPath(path, ProcessCodePage()).folder;
 }
 
+bool UnderWine()
+{
+    const HMODULE ntdll = GetModuleHandleA("ntdll.dll");
+    return ntdll != nullptr && GetProcAddress(ntdll, "wine_get_version") != nullptr;
+}
+
 std::string ExpandVariables(const std::string& text)
 {
     std::string expanded;

@@ -18,6 +18,9 @@ void StartCom();
 // root.
 std::string ProgramFolder();
 
+// Whether this is Wine, whose calls fail in places where those of Windows do not.
+bool UnderWine();
+
 // text with the values of the environment variables it names in %; unknown names stay.
 std::string ExpandVariables(const std::string& text);
 

@@ -12,6 +12,9 @@ namespace nv
 namespace
 {
 
+// Wine's shell crashes on some that are longer.
+constexpr std::size_t kLongestFileUnderWine = 960;
+
 // The calls that answer with a number dressed as an instance handle.
 std::int32_t ResultOf(HINSTANCE result)
 {
@@ -52,6 +55,9 @@ std::int32_t WinShell::FindProgram(const std::string& file, const std::string& d
 
 std::int32_t WinShell::StartByShell(const ShellStartRequest& request)
 {
+    if (request.file.size() > kLongestFileUnderWine && UnderWine()) {
+        return SE_ERR_FNF;
+    }
     StartCom();
     const InheritedDefaults defaults;
     return ResultOf(ShellExecuteA(reinterpret_cast<HWND>(request.owner), TextOrNone(request.verb),

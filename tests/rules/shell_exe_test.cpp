@@ -47,27 +47,11 @@ TEST(ShellExe, StartsALinkByShellOrAsAProcess)
     }
 }
 
-TEST(ShellExe, TakesAFaultForNoStart)
-{
-    for (const char* command : {"p.exe", "p.exe /NV C:\\T"}) {
-        FakeShell shell;
-        shell.answers["p.exe"] = "p.exe";
-        shell.failWithException = true;
-        EXPECT_FALSE(Launch(shell, command).started) << command;
-    }
-}
-
-TEST(ShellExe, LooksAgainAsItIsWhereTheProgramHasNoDrive)
-{
-    FakeShell shell;
-    ShellExe(shell, "\\\\host\\menus").LaunchCommand(kOwner, "\\p.exe", "", false);
-    EXPECT_EQ(shell.calls, Calls({"find [\\p.exe] [0]", "find [\\p.exe] [0]"}));
-}
-
 TEST(ShellExe, KeepsLongTextFromTheShell)
 {
     const std::string fits(259, 'p');
     const std::string text = fits + "p";
+    const std::string address = "h323+a-b:" + std::string(2038, '.');
     const std::string longest = "a.exe " + std::string(32757, 'x');
     const struct {
         std::string command;
@@ -82,6 +66,10 @@ TEST(ShellExe, KeepsLongTextFromTheShell)
         {'"' + std::string(300, '"') + '"', 1, false},
         // A process is still tried: only the shell minds.
         {'"' + text + "\" x /NV- C:\\T", 1, true},
+        {address, 1, true},
+        {'"' + address + "\" x", 1, true},
+        {address + "x", 0, false},
+        {"3" + text.substr(0, 257) + ":/", 0, false},
         // Arguments that would be cut.
         {longest, 2, true},
         {longest + "x", 1, false},
