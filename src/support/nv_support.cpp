@@ -143,8 +143,12 @@ void NVSupport::SendToClipboard()
     if (ticket.empty()) {
         return;
     }
-    if (!PutOnClipboard(Window(), ticket)) {
-        // Another program keeps the clipboard: the user may try again or save to a file.
+    try {
+        if (!PutOnClipboard(Window(), ticket)) {
+            Tell(kClipboardBusy, PromptIcon::exclamation);
+            return;
+        }
+    } catch (const std::bad_alloc&) {
         Tell(kTicketFault, PromptIcon::exclamation);
         return;
     }

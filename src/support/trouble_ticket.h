@@ -10,8 +10,9 @@
 //   Since Monday no link starts.
 //   << Navrix Trouble Ticket >>
 //
-// Functions that return text throw std::bad_alloc when memory runs out: while the fields are read
-// or the ticket is built, kTicketFault is then what the user is told.
+// Functions that return text throw std::bad_alloc when memory runs out: while the fields are read,
+// the ticket is built or its copy for the clipboard is made, kTicketFault is then what the user is
+// told.
 #pragma once
 
 #include "platform/ansi_text.h"
@@ -54,6 +55,9 @@ struct TicketRefusal {
 enum class Computers { servers = 1, workstations = 2 };
 
 inline constexpr char kTicketFault[] = "There was an error creating Trouble Ticket.";
+inline constexpr char kClipboardBusy[] =
+    "Your Trouble Ticket could not be put on the clipboard.\n\n"
+    "Another program is using it. Please try again, or copy it to a file.";
 
 // May this key, as the character that it types, go into a count box?
 bool CountBoxTakes(char key);

@@ -3,6 +3,7 @@
 #include "win32/handles.h"
 
 #include <cstring>
+#include <new>
 
 namespace nv
 {
@@ -95,9 +96,11 @@ bool PutOnClipboard(HWND owner, const std::string& text)
     GlobalMemory bytes = CopyOf(text.c_str(), text.size() + 1);
     // The system would make it of the bytes by the language of the keyboard, which may be another.
     GlobalMemory wide = WideCopyOf(text);
+    if (!bytes || !wide) {
+        throw std::bad_alloc();
+    }
     const OpenedClipboard clipboard(owner);
-    return bytes && wide && clipboard && EmptyClipboard() && Put(CF_TEXT, bytes) &&
-           Put(CF_UNICODETEXT, wide);
+    return clipboard && EmptyClipboard() && Put(CF_TEXT, bytes) && Put(CF_UNICODETEXT, wide);
 }
 
 std::optional<std::string> TextOnClipboard(HWND owner)

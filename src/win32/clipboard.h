@@ -11,7 +11,8 @@ namespace nv
 {
 
 // Makes text, in the code page of the process, all that the clipboard holds. owner: a window of
-// this thread. False: the clipboard holds what it held, or nothing.
+// this thread. False: another program keeps the clipboard, which holds what it held, or nothing.
+// Throws std::bad_alloc before it opens the clipboard.
 bool PutOnClipboard(HWND owner, const std::string& text);
 
 // The text on the clipboard; nothing: it holds none, or cannot be opened.

@@ -158,7 +158,9 @@ TEST_F(Ticket, IsFilledInByKeyboardAndSentToTheClipboard)
 
     HoldClipboard();
     PressKey(VK_RETURN);
-    ExpectBox("There was an error creating Trouble Ticket.", BoxIcon::exclamation);
+    ExpectBox("Your Trouble Ticket could not be put on the clipboard.\n\n"
+              "Another program is using it. Please try again, or copy it to a file.",
+              BoxIcon::exclamation);
     CloseClipboard();
     EXPECT_TRUE(WaitForFocus(kToClipboard));
     PressKey(VK_RETURN);
