@@ -96,8 +96,13 @@ Placement ReadPlacement(Settings& settings)
         const SettingValue value = settings.GetKeyValue(kPlacementSection, name, byDefault);
         return static_cast<Twips>(SettingNumber(value, byDefault));
     };
-    return {read("MainLeft", 1000), read("MainTop", 1000), read("MainWidth", 10000),
-            read("MainHeight", 8000)};
+    // No window was ever that small: such a size is a slip of who wrote it.
+    const auto readSize = [&read](const char* name, std::int32_t byDefault) {
+        const Twips size = read(name, byDefault);
+        return size > 0 ? size : static_cast<Twips>(byDefault);
+    };
+    return {read("MainLeft", 1000), read("MainTop", 1000), readSize("MainWidth", 10000),
+            readSize("MainHeight", 8000)};
 }
 
 void WritePlacement(Settings& settings, const Placement& placement)

@@ -32,6 +32,8 @@ struct Placement {
     bool operator==(const Placement&) const = default;
 };
 
+// The placement that was stored. What is missing or no number, and a size that is not above zero,
+// is the program's default.
 Placement ReadPlacement(Settings& settings);
 void WritePlacement(Settings& settings, const Placement& placement);
 

@@ -48,7 +48,9 @@ TEST(Placement, IsKeptAsText)
     EXPECT_EQ(settings.Text("StartSet", "MainTop"), "15");
     EXPECT_EQ(ReadPlacement(settings), (Placement{-857, 15, 10003, 8000}));
     settings.values[{"StartSet", "MainTop"}] = "12 pixels";
-    EXPECT_EQ(ReadPlacement(settings).top, 1000);
+    settings.values[{"StartSet", "MainWidth"}] = 0;
+    settings.values[{"StartSet", "MainHeight"}] = "-20";
+    EXPECT_EQ(ReadPlacement(settings), (Placement{-857, 1000, 10000, 8000}));
 }
 
 TEST(StartFile, IsChosenByANumberAsByText)
