@@ -18,6 +18,8 @@ constexpr std::size_t kAnswerBuffer = 1024;
 constexpr std::size_t kAnswerField = 255;
 // A longer file name is no file's, and the shell does not survive some of them.
 constexpr std::size_t kLongestFile = 259;
+// The shell takes addresses that are longer than files, but no more than that.
+constexpr std::size_t kLongestAddress = 2047;
 // A process is not given more; some systems start it with what is left after cutting.
 constexpr std::size_t kLongestCommandLine = 32766;
 
@@ -220,11 +222,7 @@ void Launch::StartFound(const std::string& document)
 void Launch::StartAsWritten()
 {
     if (info_.mode == LaunchMode::shellStart) {
-        const std::string& target = info_.plainProgram;
-        const std::size_t longest = IsAddress(target) ? kLongestAddress : kLongestFile;
-        // Doubled quotes make the program as written longer than its plain form.
-        info_.started = target.size() <= longest && info_.quotedProgram.size() <= longest + 2 &&
-                        ShellStart(info_.quotedProgram, "");
+        info_.started = FitsShell(info_) && ShellStart(info_.quotedProgram, "");
     } else if (info_.mode == LaunchMode::processStart) {
         info_.started = ProcessStart(info_.quotedProgram, "");
     }
@@ -305,6 +303,13 @@ bool IsAddress(std::string_view target)
     const std::string_view name = target.substr(0, colon);
     return colon != npos && name.size() >= 2 && isLetter(name.front()) &&
            std::all_of(name.begin(), name.end(), isOfName);
+}
+
+bool FitsShell(const LaunchInfo& info)
+{
+    const std::size_t longest = IsAddress(info.plainProgram) ? kLongestAddress : kLongestFile;
+    // Doubled quotes make the program as written longer than its plain form.
+    return info.plainProgram.size() <= longest && info.quotedProgram.size() <= longest + 2;
 }
 
 ShellExe::ShellExe(Shell& shell, std::string programFolder)

@@ -9,7 +9,6 @@
 #include "platform/ansi_text.h"
 #include "platform/shell.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -57,8 +56,9 @@ bool IsLauncherCommand(std::string_view command);
 // disk. The name before the colon is longer than that of a drive.
 bool IsAddress(std::string_view target);
 
-// The longest address that the shell is given; it takes no more.
-inline constexpr std::size_t kLongestAddress = 2047;
+// Whether the target of a command for which no program is found is short enough to be given to the
+// shell as it is written.
+bool FitsShell(const LaunchInfo& info);
 
 class ShellExe
 {

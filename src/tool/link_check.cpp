@@ -39,8 +39,12 @@ std::string LinkCheck::Finding(const std::string& command)
     }
     LaunchInfo info = shellExe_.LaunchCommand(0, command, "", false);
     if (IsLauncherCommand(command)) {
-        const std::string text = expand_(info.arguments + info.switchText);
-        info = shellExe_.LaunchCommand(0, CompanionCommand(text, 1), "", false);
+        // The companion is started in the folder as it is written, and is given the arguments
+        // alone.
+        if (std::string finding = FolderFinding(info); !finding.empty()) {
+            return finding;
+        }
+        info = shellExe_.LaunchCommand(0, CompanionCommand(expand_(info.arguments), 1), "", false);
     }
     if (info.plainProgram.empty()) {
         return "the link names nothing to run";
@@ -48,10 +52,15 @@ std::string LinkCheck::Finding(const std::string& command)
     if (info.targetKind == TargetKind::notFound) {
         return NotFound(info);
     }
-    if (!info.workingDirectory.empty() && !files_.Attributes(info.workingDirectory).folder) {
-        return "the folder to start in is not found: " + Excerpt(info.workingDirectory, codePage_);
+    return FolderFinding(info);
+}
+
+std::string LinkCheck::FolderFinding(const LaunchInfo& info)
+{
+    if (info.workingDirectory.empty() || files_.Attributes(info.workingDirectory).folder) {
+        return {};
     }
-    return {};
+    return "the folder to start in is not found: " + Excerpt(info.workingDirectory, codePage_);
 }
 
 std::string LinkCheck::MenuFinding(const std::string& path)
@@ -74,7 +83,10 @@ std::string LinkCheck::NotFound(const LaunchInfo& info)
                Excerpt(target, codePage_);
     }
     const FileAttributes attributes = files_.Attributes(target);
-    if (attributes.folder || IsAddress(target)) {
+    if (IsAddress(target)) {
+        return FitsShell(info) ? "" : "the address is too long: " + Excerpt(target, codePage_);
+    }
+    if (attributes.folder) {
         return {};
     }
     if (!attributes.exists) {

@@ -50,6 +50,7 @@ public:
 
 private:
     std::string MenuFinding(const std::string& path);
+    std::string FolderFinding(const LaunchInfo& info);
     std::string NotFound(const LaunchInfo& info);
 
     Files& files_;

@@ -72,6 +72,7 @@ private:
     const ToolRequest& request_;
     const ToolPlatform& platform_;
     std::optional<LinkCheck> links_;
+    bool outputFailed_ = false; // and that was told: the rest is lost as well
     int code_ = kGood;
 };
 
@@ -266,6 +267,8 @@ std::optional<MenuText> Tool::Read(const ToolFile& file)
         const bool there = !platform_.files.List(file.path, 1).empty();
         Fail(there ? "cannot read " + file.shown + ": its name is not in the ANSI code page"
                    : "no file matches " + file.shown);
+    } else if (platform_.files.Attributes(file.path).folder) {
+        Fail("cannot read " + file.shown + ": it is a folder");
     } else {
         Fail("cannot read " + file.shown, error);
     }
@@ -274,8 +277,11 @@ std::optional<MenuText> Tool::Read(const ToolFile& file)
 
 void Tool::Write(std::string_view text)
 {
-    const SystemError error = text.empty() ? 0 : platform_.output.Write(text);
-    if (error != 0) {
+    if (text.empty() || outputFailed_) {
+        return;
+    }
+    if (const SystemError error = platform_.output.Write(text); error != 0) {
+        outputFailed_ = true;
         Fail("cannot write the output", error);
     }
 }

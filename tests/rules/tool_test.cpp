@@ -43,7 +43,8 @@ protected:
         written_.clear();
         complaints_.clear();
         const auto expand = [](const std::string& text) {
-            return text == " %TOOL% x" ? " C:\\tool.exe x" : text;
+            const auto name = text.find("%C%");
+            return name == std::string::npos ? text : std::string(text).replace(name, 3, "C:");
         };
         return RunTool(ReadArguments(arguments, files_, codePage),
                        {files_, shell_, *this, codePage, Font(), "C:\\Menus", "1.2.3", expand});
@@ -91,7 +92,8 @@ TEST_F(ToolTest, RefusesWhatMakesNoSense)
     EXPECT_EQ(Run({"--version"}), 0);
     EXPECT_EQ(written_, "nvmtool 1.2.3\r\n");
     outputError_ = 112;
-    EXPECT_EQ(Run({"--version"}), 2);
+    files_.Put("C:\\a.nvm", Line());
+    EXPECT_EQ(Run({"list", "C:\\a.nvm"}), 2); // writes twice, and tells it once
     EXPECT_EQ(complaints_, "nvmtool: cannot write the output: <112>\r\n");
 }
 
@@ -179,7 +181,13 @@ TEST_F(ToolTest, LooksForTheTargetsOfLinks)
         {"tool.exe Sub.NVM", "the menu is not found: \"tool.exe Sub.NVM\""},
         {"C:\\tool.exe \"Sub.nvm\"", ""},
         {"C:\\Sub.nvmx", "the target is not found: \"C:\\Sub.nvmx\""},
-        {"NVSUB %TOOL% x", ""},
+        {"h323+a-b:c", ""},
+        {"x1:" + std::string(2044, 'a'), ""},
+        {"x1:" + std::string(2045, 'a'),
+         "the address is too long: \"x1:" + std::string(97, 'a') + "...\""},
+        {"NVSUB %C%\\tool.exe x", ""},
+        {"NVSUB C:\\a.lnk /NV C:\\Work", ""},
+        {"NVSUB C:\\tool.exe /NV %C%\\Work", "the folder to start in is not found: \"%C%\\Work\""},
         {"\"NVSub\" C:\\gone.exe", "the target is not found: \"C:\\gone.exe\""},
         {"NVSUB", "the link names nothing to run"},
         {" ", "the link names nothing to run"},
@@ -212,9 +220,13 @@ TEST_F(ToolTest, TakesWildcardsAndGoesOnAfterFailures)
     files_.Put("C:\\m\\sub\\e.nvm", Line());
     files_.Find("C:\\m\\c.nvm")->refused = kSharingViolation;
     const std::string tail = ".nvm:1: the line ends without CR LF\r\n";
-    EXPECT_EQ(Run({"check", "C:\\m\\none.nvm", "C:\\m\\*.nvm", "C:\\x\\*.nvm", "C:\\m\\b.nvm"}), 2);
+    files_.MakeFolder("C:\\m");
+    EXPECT_EQ(
+        Run({"check", "C:\\m", "C:\\m\\none.nvm", "C:\\m\\*.nvm", "C:\\x\\*.nvm", "C:\\m\\b.nvm"}),
+        2);
     EXPECT_EQ(written_, "C:\\m\\A" + tail + "C:\\m\\b" + tail + "C:\\m\\b" + tail);
-    EXPECT_EQ(complaints_, "nvmtool: cannot read C:\\m\\none.nvm: <2>\r\n"
+    EXPECT_EQ(complaints_, "nvmtool: cannot read C:\\m: it is a folder\r\n"
+                           "nvmtool: cannot read C:\\m\\none.nvm: <2>\r\n"
                            "nvmtool: cannot read C:\\m\\c.nvm: <32>\r\n"
                            "nvmtool: no file matches C:\\x\\*.nvm\r\n");
 }
