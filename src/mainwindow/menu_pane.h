@@ -101,6 +101,8 @@ public:
     // What a row says, on one line: its caption, also while it is being typed out; for a link
     // without text its command.
     std::string NameOf(std::uint32_t row) const;
+    // The font that it is drawn in.
+    Font FontOf(std::uint32_t row) const { return ItemOf(row).font; }
     // The command of a link; empty for other rows.
     std::string CommandOf(std::uint32_t row) const;
     bool InView(std::uint32_t row) const;

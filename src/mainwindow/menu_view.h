@@ -72,6 +72,7 @@ private:
     LONG Role(LONG part) const override;
     LONG State(LONG part) const override;
     std::string Name(LONG part) const override;
+    UINT PageOfName(LONG part, const std::string& name) const override;
     std::string Description(LONG part) const override;
     RECT Area(LONG part) override;
     LONG ChildAt(POINT at) override;

@@ -87,6 +87,12 @@ std::string MenuView::Name(LONG part) const
     return part == CHILDID_SELF ? menuName_ : pane_.NameOf(RowOf(part));
 }
 
+// A row's is that of its picture: menus from elsewhere have character sets of their own.
+UINT MenuView::PageOfName(LONG part, const std::string& name) const
+{
+    return part == CHILDID_SELF ? CP_ACP : text_.PageOf(pane_.FontOf(RowOf(part)), name);
+}
+
 // Of a link its command, as in the tooltip; of an empty menu what stands in its place.
 std::string MenuView::Description(LONG part) const
 {

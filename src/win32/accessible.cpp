@@ -192,7 +192,7 @@ private:
             return there ? body(source, child.lVal) : E_INVALIDARG;
         });
     }
-    HRESULT GiveText(const std::string& text, BSTR* result) const;
+    HRESULT GiveText(const std::string& text, BSTR* result, UINT codePage = CP_ACP) const;
     LONG StateOf(const AccessibleSource& source, LONG part) const;
     bool HasFocus(const AccessibleSource& source, LONG part) const
     {
@@ -208,7 +208,7 @@ private:
 #pragma GCC diagnostic pop
 
 // S_FALSE: there is none.
-HRESULT AccessibleHost::Object::GiveText(const std::string& text, BSTR* result) const
+HRESULT AccessibleHost::Object::GiveText(const std::string& text, BSTR* result, UINT codePage) const
 {
     *result = nullptr;
     if (text.empty()) {
@@ -218,12 +218,12 @@ HRESULT AccessibleHost::Object::GiveText(const std::string& text, BSTR* result) 
         return E_OUTOFMEMORY;
     }
     const int bytes = static_cast<int>(text.size());
-    const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), bytes, nullptr, 0);
+    const int length = MultiByteToWideChar(codePage, 0, text.data(), bytes, nullptr, 0);
     *result = ole_.allocString(nullptr, static_cast<UINT>(length));
     if (*result == nullptr) {
         return E_OUTOFMEMORY;
     }
-    MultiByteToWideChar(CP_ACP, 0, text.data(), bytes, *result, length);
+    MultiByteToWideChar(codePage, 0, text.data(), bytes, *result, length);
     return S_OK;
 }
 
@@ -256,7 +256,8 @@ HRESULT AccessibleHost::Object::get_accChild(VARIANT child, IDispatch** object)
 HRESULT AccessibleHost::Object::get_accName(VARIANT child, BSTR* name)
 {
     return CallFor(child, name, [&](const AccessibleSource& source, LONG part) {
-        return GiveText(source.Name(part), name);
+        const std::string text = source.Name(part);
+        return GiveText(text, name, source.PageOfName(part, text));
     });
 }
 

@@ -12,8 +12,9 @@ namespace nv
 
 // What a window says about itself and about its parts, the children: parts 1 to ChildCount(); part
 // 0 is the window. A part that is no window costs nothing until it is asked for. Texts are of the
-// ANSI code page, on one line, without line breaks. All is called on the window's thread, from its
-// message loop, and must not let events through. Nothing but memory's end may be thrown.
+// ANSI code page unless it is said otherwise, on one line, without line breaks. All is called on
+// the window's thread, from its message loop, and must not let events through. Nothing but memory's
+// end may be thrown.
 class AccessibleSource
 {
 public:
@@ -25,6 +26,8 @@ public:
     // the window is shown and enabled, is known without the source.
     virtual LONG State(LONG part) const = 0;
     virtual std::string Name(LONG part) const = 0;
+    // The code page of name, which is what Name has just told of the part.
+    virtual UINT PageOfName(LONG, const std::string&) const { return CP_ACP; }
     // What its tooltip tells; empty: nothing.
     virtual std::string Description(LONG) const { return {}; }
     // Where a child stands: pixels of the window's client area.

@@ -154,6 +154,21 @@ std::optional<std::wstring> GdiText::Wide(std::string_view text) const
     return WideOfUtf8(text, codePage_);
 }
 
+UINT GdiText::PageOf(const Font& font, std::string_view text)
+{
+    if (Wide(text)) {
+        return CP_UTF8;
+    }
+    EntryOf(font); // selects it
+    // Of the font that was found, which may lack the character set that was asked for.
+    const auto charset = static_cast<DWORD_PTR>(GetTextCharset(dc_.Get()));
+    CHARSETINFO info = {};
+    const bool known =
+        TranslateCharsetInfo(reinterpret_cast<DWORD*>(charset), &info, TCI_SRCCHARSET) != FALSE &&
+        charset != SYMBOL_CHARSET && IsValidCodePage(info.ciACP) != FALSE;
+    return known ? info.ciACP : CP_ACP;
+}
+
 GdiText::Entry& GdiText::EntryOf(const Font& font)
 {
     if (lastFont_ != nullptr && *lastFont_ == font) {

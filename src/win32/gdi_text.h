@@ -27,6 +27,10 @@ public:
     // What WideOfUtf8 makes of text.
     std::optional<std::wstring> Wide(std::string_view text) const;
     const CodePage& Page() const { return codePage_; }
+    // The code page that the bytes of text are of when they are drawn in font, for who needs the
+    // characters; never one that the system has not. For letters of a symbol font, which are
+    // pictures there, it is the process's.
+    UINT PageOf(const Font& font, std::string_view text);
 
     // The platform's font; stays valid until CloseFonts or until many others were asked for.
     HFONT Handle(const Font& font);

@@ -115,13 +115,14 @@ protected:
 
 TEST_F(ScreenReader, ListsTheEntries)
 {
-    std::vector<Entry> entries = {{kTitle, "F\xFCr alle", ""},
-                                  {kLabel, "First\x01second", ""},
-                                  {kLine, "", ""},
-                                  {kLink, "A & B", "prog.exe -x"},
-                                  {kSpace, "", ""},
-                                  {kLink, "", "C:\\tools\\edit.exe"},
-                                  {kLink, "", "plain.exe"}};
+    std::vector<Entry> entries = {
+        {kTitle, "F\xFCr alle", ""},
+        {kLabel, "Za\xBF\xF3\xB3\xE6\x01second", "", 0, "16", "Tahoma", EASTEUROPE_CHARSET},
+        {kLine, "", ""},
+        {kLink, "A & B", "prog.exe -x"},
+        {kSpace, "", ""},
+        {kLink, "", "C:\\tools\\edit.exe"},
+        {kLink, "", "plain.exe"}};
     entries.resize(107, {kLink, "Last", "x"});
     Program& program = Open(WriteMenu("Start.nvm", entries));
     const Reader view(program.View());
@@ -133,7 +134,7 @@ TEST_F(ScreenReader, ListsTheEntries)
     } expected[] = {
         {ROLE_SYSTEM_LIST, L"Start.nvm", L"", L""},
         {ROLE_SYSTEM_STATICTEXT, L"F\u00FCr alle", L"", L""},
-        {ROLE_SYSTEM_STATICTEXT, L"First second", L"", L""},
+        {ROLE_SYSTEM_STATICTEXT, L"Za\u017C\u00F3\u0142\u0107 second", L"", L""},
         {ROLE_SYSTEM_SEPARATOR, L"Line", L"", L""},
         {ROLE_SYSTEM_LINK, L"A & B", L"prog.exe -x", L"Open"},
         {ROLE_SYSTEM_LINK, L"edit.exe", L"C:\\tools\\edit.exe", L"Open"},
