@@ -4,6 +4,7 @@
 #include "e2e/stage.h"
 
 #include <algorithm>
+#include <future>
 
 namespace nv::e2e
 {
@@ -226,6 +227,66 @@ TEST_F(Editor, BrowseAndFontPickers)
     PostMessageA(fonts, WM_COMMAND, IDOK, 0);
     EXPECT_TRUE(Until([&] { return !IsWindow(fonts) && IsWindowEnabled(program.Window()); }));
     EXPECT_EQ(Saved(path), MenuOf(Links({"a"})));
+}
+
+TEST_F(Editor, SavesTheRightFileAndNothingElse)
+{
+    for (const char* folder : {"Sub", "Else"}) {
+        CreateDirectoryA(Path(folder).c_str(), nullptr);
+    }
+    const std::string path = WriteLinks("Sub\\Tools.nvm", {"a", "b"});
+    const std::string other = Path("Other name.nvm");
+    ASSERT_TRUE(CreateHardLinkA(other.c_str(), path.c_str(), nullptr));
+    Program& program = Open(WriteMenu("Start.nvm", {{kLink, "x", "Sub\\Tools.nvm", Mark(0)}}));
+    ASSERT_TRUE(ClickOn(Mark(0)));
+    ASSERT_TRUE(WaitUntilLoaded(path)); // by its full path
+    EXPECT_TRUE(EnterEditMode());
+    ASSERT_TRUE(ClickButton("Set This Menu As Home Menu"));
+    EXPECT_TRUE(Until([&] { return Setting("Settings", "Home") == path; }));
+    Click(CentreOf(program.Control(kList)));
+    RemoveOneOfTwo();
+    // The session ends while a picker has made another folder the current one.
+    ASSERT_TRUE(ClickButton("Browse"));
+    const HWND picker = program.WaitForDialog("Browse");
+    SetDlgItemTextA(picker, 0x47c, Path("Else").c_str());
+    SendMessageA(picker, WM_COMMAND, IDOK, 0);
+    const auto mayEnd = [&](LPARAM how) {
+        return SendMessageA(program.Window(), WM_QUERYENDSESSION, 0, how) != 0;
+    };
+    auto answer = std::async(std::launch::async, mayEnd, 0);
+    ExpectSaveQuestion(path, "Yes");
+    EXPECT_TRUE(answer.get());
+    EXPECT_EQ(Contents(path), MenuOf(Links({"b"})));
+    EXPECT_EQ(Contents(other), Contents(path));
+    EXPECT_TRUE(FilesIn(Path("Else")).empty());
+    PostMessageA(picker, WM_COMMAND, IDCANCEL, 0);
+    EXPECT_TRUE(WaitUntilGone(picker) && WaitForMenu(path));
+
+    const std::string foreign = MenuOf(Links({"of another program"}));
+    for (const char* button : {"No", "Yes"}) {
+        Write("Sub\\Tools.nvm", foreign);
+        ASSERT_TRUE(ClickButton("Insert New"));
+        PressKey('S', {VK_CONTROL});
+        ExpectBox("File " + path +
+                      " was changed by another program.\n\nDo you want to overwrite it?",
+                  BoxIcon::exclamation, {"Yes", "No"}, button, "No");
+        const bool saves = button == std::string("Yes");
+        EXPECT_TRUE(program.WaitForTitle(TitleOf(path) + (saves ? "" : " *")));
+        EXPECT_EQ(Contents(path), saves ? MenuOf(Links({"a", "a", "b"})) : foreign);
+    }
+    // There is no time to ask.
+    const std::string unsaved = path + ".unsaved";
+    ASSERT_TRUE(ClickButton("Insert New"));
+    EXPECT_TRUE(program.WaitForTitle(TitleOf(path) + " *"));
+    EXPECT_TRUE(mayEnd(ENDSESSION_CRITICAL));
+    EXPECT_EQ(Contents(unsaved), MenuOf(Links({"a", "a", "a", "b"})));
+    PressKey(VK_F5);
+    ExpectSaveQuestion(path, "No");
+    const auto told = program.WaitForBox();
+    ASSERT_TRUE(told && told->text.find(unsaved) != std::string::npos);
+    EXPECT_TRUE(program.Answer(*told, "OK"));
+    PressKey(VK_F5); // told once: no box is left at the end
+    EXPECT_TRUE(WaitUntilLoaded(path));
 }
 
 TEST_F(Editor, EverythingHasItsPlaceAtEverySize)

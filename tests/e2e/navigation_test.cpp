@@ -64,6 +64,37 @@ TEST_F(Navigation, LinksOpenMenusInPlaceAndBackGoesThroughThemInReverse)
     EXPECT_TRUE(WaitUntilLoaded(a));
 }
 
+TEST_F(Navigation, BackKeepsTheStepsThatOpenNothing)
+{
+    const std::string a = WriteLinks("A.nvm", {"B.nvm"});
+    const std::string b = WriteLinks("B.nvm", {"C.nvm"}, 1);
+    const std::string c = WriteLinks("C.nvm", {}, 2);
+    Program& program = Open(a);
+    ASSERT_TRUE(ClickOn(Mark(0)));
+    ASSERT_TRUE(WaitUntilLoaded(b));
+    EXPECT_TRUE(EnterEditMode());
+    PressKey(VK_INSERT);
+    EXPECT_TRUE(program.WaitForTitle(TitleOf(b) + " *"));
+    for (const char* button : {"Back", "Revert"}) {
+        ASSERT_TRUE(ClickButton(button));
+        ExpectSaveQuestion(b, "Cancel");
+    }
+    PressKey('E', {VK_CONTROL});
+    EXPECT_TRUE(program.WaitForFocus("NavrixMenuView"));
+    PressKey(VK_RETURN);
+    ExpectSaveQuestion(b, "No");
+    ASSERT_TRUE(WaitUntilLoaded(c));
+    EXPECT_TRUE(DeleteFileA(b.c_str()));
+    PressKey(VK_BACK);
+    ExpectBox("File " + b + " does not exist.\n\nWould you like to create a new menu?",
+              BoxIcon::exclamation, {"Yes", "No"}, "No");
+    WriteLinks("B.nvm", {});
+    for (const std::string& previous : {b, a}) {
+        PressKey(VK_BACK);
+        ASSERT_TRUE(WaitUntilLoaded(previous));
+    }
+}
+
 TEST_F(Navigation, ALinkStartsItsProgramOnTheReleaseOfAnyButton)
 {
     const std::string start = WriteLinks("Start.nvm", {Recorder("first"), Recorder("second")});
