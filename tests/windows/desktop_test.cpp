@@ -5,6 +5,7 @@
 #include "fakes/fake_shell.h"
 #include "mainwindow/menu_view.h"
 #include "platform/system_colors.h"
+#include "scratch_folder.h"
 #include "win32/gdi_canvas.h"
 #include "win32/message_pump.h"
 #include "win32/screen.h"
@@ -149,7 +150,7 @@ TEST(MessagePump, LooksAtTheClockAndEndsUnwantedWork)
     EXPECT_EQ(seen, 0); // nothing comes between an ended work and its unwinding
 }
 
-TEST(View, DrawsSeparatorsEtchedAndShowsTheBarWhenItIsNeeded)
+TEST(View, DrawsSeparatorsTakesFilesAndShowsTheBarWhenItIsNeeded)
 {
     const Frame frame;
     GdiText text{kScale, CodePage(1252)};
@@ -176,6 +177,15 @@ TEST(View, DrawsSeparatorsEtchedAndShowsTheBarWhenItIsNeeded)
         EXPECT_EQ(GetPixel(dc, 100, 12), GetSysColor(COLOR_BTNFACE));
         EXPECT_EQ(GetPixel(dc, 7, 10), GetSysColor(COLOR_BTNFACE));
     });
+
+    SetWindowPos(frame.Handle(), nullptr, 0, 0, 600, 400, SWP_NOZORDER | SWP_SHOWWINDOW);
+    std::string dropped;
+    view.FileDropped = [&dropped](const std::string& path) { dropped += path; };
+    for (const BOOL takesInput : {FALSE, TRUE}) {
+        EnableWindow(frame.Handle(), takesInput); // not while a box waits for an answer
+        DropFiles(view.Handle(), {"C:\\a b.nvm", "C:\\not.nvm"}, {});
+        EXPECT_EQ(dropped, takesInput ? "C:\\a b.nvm" : "");
+    }
 
     EXPECT_EQ(GetWindowLongA(view.Handle(), GWL_STYLE) & WS_VSCROLL, 0);
     const TwipSize size = view.Pane().ViewSize();

@@ -3,12 +3,10 @@
 #include "docs/menu_line.h"
 #include "fakes/fake_desk.h"
 #include "mainwindow/edit_panel.h"
+#include "scratch_folder.h"
 #include "win32/screen.h"
 #include "win32/window_text.h"
 
-#include <shlobj.h>
-
-#include <cstring>
 #include <gtest/gtest.h>
 #include <windowsx.h>
 
@@ -50,22 +48,13 @@ protected:
         }
         return items;
     }
-    // As the shell does when files are dropped; at: a point of the screen.
     void Drop(const std::vector<std::string>& paths, POINT at)
     {
-        std::string names;
-        for (const std::string& path : paths) {
-            names += path + '\0';
-        }
-        names += '\0';
-        ScreenToClient(panel_.Handle(), &at);
-        const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + names.size());
-        auto* drop = static_cast<DROPFILES*>(GlobalLock(memory));
-        drop->pFiles = sizeof(DROPFILES);
-        drop->pt = at;
-        std::memcpy(drop + 1, names.data(), names.size());
-        GlobalUnlock(memory);
-        SendMessageA(panel_.Handle(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+        DropFiles(panel_.Handle(), paths, at);
+    }
+    void DropOn(int control, const std::vector<std::string>& paths)
+    {
+        Drop(paths, e2e::CentreOf(Control(control)));
     }
     // A point of the list, that far down, in rows.
     POINT InList(double rows) const
@@ -99,10 +88,22 @@ TEST_F(Panel, DroppedFilesBecomeLinks)
     EXPECT_EQ(SendMessageA(Control(EditPanel::kItemList), LB_GETCOUNT, 0, 0), 4);
     Drop({"C:\\last.exe"}, InList(8)); // below the last entry
     EXPECT_EQ(Items().back(), "Type = vLink, Caption = last.exe");
-    POINT beside = {};
-    ClientToScreen(Control(EditPanel::kCommandBox), &beside);
-    Drop({"C:\\not.exe"}, beside);
+    // On a box: the command as a whole, the caption where the caret is.
+    SendMessageA(Control(EditPanel::kCaptionBox), EM_SETSEL, 4, 5);
+    DropOn(EditPanel::kCaptionBox, {"C:\\a b", "C:\\not"});
+    DropOn(EditPanel::kCommandBox, {"C:\\a b.exe", "C:\\not.exe"});
+    DropOn(EditPanel::kTypeBox, {"C:\\not.exe"});
     EXPECT_EQ(Items().size(), 5u);
+    EXPECT_EQ(panel_.Editor().Fields().caption, "lastC:\\a bexe");
+    EXPECT_EQ(panel_.Editor().Fields().link, "\"C:\\a b.exe\"");
+    panel_.Editor().SetType(ItemType::vLine);
+    panel_.Editor().Select(4); // its boxes are not in use
+    DropOn(EditPanel::kCommandBox, {"C:\\not.exe"});
+    EXPECT_EQ(panel_.Editor().Fields().link, "\"C:\\a b.exe\"");
+    // A code that the type box does not have.
+    desk_.document.Lines().Set(4, "7>");
+    panel_.Editor().Select(4);
+    EXPECT_EQ(SendMessageA(Control(EditPanel::kTypeBox), CB_GETCURSEL, 0, 0), CB_ERR);
 }
 
 TEST_F(Panel, WhatABoxCannotHoldStaysAsItIs)

@@ -4,6 +4,9 @@
 
 #include <windows.h>
 
+#include <shlobj.h>
+
+#include <cstring>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
@@ -45,6 +48,24 @@ inline std::string Contents(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// As the shell does when files are dropped on a window of this process; at: a point of the screen.
+inline void DropFiles(HWND window, const std::vector<std::string>& paths, POINT at)
+{
+    std::string names;
+    for (const std::string& path : paths) {
+        names += path + '\0';
+    }
+    names += '\0';
+    ScreenToClient(window, &at);
+    const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + names.size());
+    auto* drop = static_cast<DROPFILES*>(GlobalLock(memory));
+    drop->pFiles = sizeof(DROPFILES);
+    drop->pt = at;
+    std::memcpy(drop + 1, names.data(), names.size());
+    GlobalUnlock(memory);
+    SendMessageA(window, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
 }
 
 // The files and folders in a folder.
