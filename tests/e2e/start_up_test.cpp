@@ -77,7 +77,7 @@ TEST_F(StartUp, ReadsTheCommandLine)
     } cases[] = {
         {'"' + named + "\" /L", named, true},
         {"/L", start, true},
-        {"My menu.nvm", "My menu.nvm", false},
+        {"My menu.nvm", named, false}, // below the program's folder
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.arguments);
