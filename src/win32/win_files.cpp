@@ -2,6 +2,7 @@
 
 #include "docs/paths.h"
 #include "win32/handles.h"
+#include "win32/process.h"
 #include "win32/screen.h"
 
 #include <windows.h>
@@ -320,7 +321,9 @@ std::vector<std::string> WinFiles::List(const std::string& pattern, std::size_t 
 
 bool WinFiles::CopyAccess(const std::string& from, const std::string& to)
 {
-    std::string wanted = AccessOf(from);
+    // Wine's lists are made of a file's mode, and do not lead back to it: a file that only its owner
+    // may read would become one that his group may write.
+    std::string wanted = UnderWine() ? std::string() : AccessOf(from);
     // Without the right to delete the file could get the list, but then never the name.
     if (wanted.empty() || !OpenToLook(from, DELETE)) {
         return true;
