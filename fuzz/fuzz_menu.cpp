@@ -47,12 +47,18 @@ std::string WithBreaks(std::string_view line, std::string_view single)
     return text;
 }
 
-constexpr char kByteOrder[] = "\xEF\xBB\xBF";
+std::string_view WithoutMarks(std::string_view contents)
+{
+    while (contents.starts_with("\xEF\xBB\xBF")) {
+        contents.remove_prefix(3);
+    }
+    return contents;
+}
 
 // The lines of a file, taken one byte after the other.
 Texts LinesOf(std::string_view contents)
 {
-    contents.remove_prefix(contents.starts_with(kByteOrder) ? 3 : 0);
+    contents = WithoutMarks(contents);
     Texts lines;
     bool open = false; // the last of lines has no end yet
     for (std::size_t at = 0; at < contents.size(); ++at) {
@@ -118,7 +124,8 @@ void CheckLineEnds(const std::string& contents)
     CHECK(ReadMenuText(files, kFirst, text) == 0);
     CHECK(text.ends.size() == text.lines.size());
     const char* const ends[] = {"\r\n", "\r", "\n", ""}; // by LineEnd
-    std::string whole = text.byteOrderMark ? kByteOrder : "";
+    std::string whole = contents.substr(0, contents.size() - WithoutMarks(contents).size());
+    CHECK(text.byteOrderMark == !whole.empty());
     for (std::size_t index = 0; index < text.ends.size(); ++index) {
         std::string line(text.lines[index]);
         for (auto at = line.find("\r\n"); at != std::string::npos; at = line.find("\r\n", at)) {
@@ -191,7 +198,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     Desk editor(codePage);
     for (const std::string_view line : Fields(contents)) {
-        editor.document.Lines().Append(line);
+        editor.document.Lines().Append(WithoutMarks(line)); // no entry's line begins with one
     }
     CheckSaving(editor);
     return 0;

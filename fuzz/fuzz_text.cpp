@@ -264,7 +264,8 @@ void CheckArguments(std::string_view text)
             request.command == ToolCommand::help || request.command == ToolCommand::version;
         CHECK(asks || !request.error.empty() || !request.files.empty());
         for (const ToolFile& file : request.files) {
-            CHECK(!file.shown.empty() && file.path.find(':') != std::string::npos);
+            CHECK(!file.shown.empty());
+            CHECK(file.path.find(':') != std::string::npos || file.path.starts_with("\\\\"));
         }
     }
 }

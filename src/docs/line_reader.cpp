@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 
 namespace nv
 {
@@ -31,7 +30,7 @@ public:
 
 private:
     void MakeRoom();
-    bool PassByteOrderMark();
+    bool PassByteOrderMarks();
     bool TakeLines();
     bool EndLine(const char* lineEnd);
 
@@ -42,7 +41,7 @@ private:
     char* used_ = nullptr;            // end of what was read into the block
     char* blockEnd_ = nullptr;
     const char* scanned_ = nullptr; // how far the unfinished line was searched
-    bool begun_ = false;            // the file's first bytes were looked at
+    bool begun_ = false;            // what the file begins with was passed
     bool breaks_ = false;           // the unfinished line holds stored line breaks
     bool skipLineFeed_ = false;     // what was read ended in CR: an LF that follows belongs to it
 };
@@ -63,7 +62,7 @@ ReadOutcome LineReader::Run(SystemError& error)
         }
         lines_.AppendSource({used_, got});
         used_ += got;
-        if (PassByteOrderMark() && !TakeLines()) {
+        if (PassByteOrderMarks() && !TakeLines()) {
             return ReadOutcome::ended;
         }
     }
@@ -86,16 +85,17 @@ void LineReader::MakeRoom()
     blockEnd_ = block + size;
 }
 
-// An editor of another program may have put the mark before the first entry's type. False: it may
-// still turn out to be there.
-bool LineReader::PassByteOrderMark()
+// An editor of another program may have put marks before the first entry's type. False: what comes
+// next may still be one.
+bool LineReader::PassByteOrderMarks()
 {
-    const std::string_view read(lineStart_, static_cast<std::size_t>(used_ - lineStart_));
-    if (!begun_ && read.size() < kByteOrderMark.size() && kByteOrderMark.starts_with(read)) {
-        return false;
-    }
-    if (!std::exchange(begun_, true) && read.starts_with(kByteOrderMark)) {
-        lineStart_ += kByteOrderMark.size();
+    while (!begun_) {
+        const std::string_view read(lineStart_, static_cast<std::size_t>(used_ - lineStart_));
+        if (read.size() < kByteOrderMark.size() && kByteOrderMark.starts_with(read)) {
+            return false;
+        }
+        begun_ = !read.starts_with(kByteOrderMark);
+        lineStart_ += begun_ ? 0 : kByteOrderMark.size();
         scanned_ = lineStart_;
     }
     return true;

@@ -70,7 +70,10 @@ LineEnd EndAt(std::string_view bytes, std::size_t at)
 void FindEnds(std::string_view bytes, MenuText& text)
 {
     text.ends.reserve(text.lines.size());
-    std::size_t at = text.byteOrderMark ? kByteOrderMark.size() : 0;
+    std::size_t at = 0;
+    while (bytes.substr(at).starts_with(kByteOrderMark)) {
+        at += kByteOrderMark.size();
+    }
     for (std::size_t index = 0; index < text.lines.size(); ++index) {
         at += StoredSize(text.lines[index]);
         const LineEnd end = EndAt(bytes, at);
