@@ -43,6 +43,23 @@ void AppendFileForm(std::string& form, std::string_view line)
     }
 }
 
+// As long as it lives, the user is being asked about unsaved changes.
+class Asking
+{
+public:
+    Asking(bool& asking, DocumentEvents& events) : mark_(asking), events_(events)
+    {
+        events_.AskingToSave(true);
+    }
+    ~Asking() { events_.AskingToSave(false); }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+private:
+    Mark mark_;
+    DocumentEvents& events_;
+};
+
 } // namespace
 
 MenuDocument::MenuDocument(Files& files, Prompts& prompts, Settings& settings, EventPump& pump,
@@ -280,13 +297,10 @@ void MenuDocument::SetUnsaved(bool unsaved)
 // Asks whether to save the changes and does it; false when the user or a failed save says stop.
 bool MenuDocument::OfferToSave()
 {
-    Answer answer = Answer::cancel;
-    {
-        const Mark asking(asking_);
-        answer =
-            prompts_.Ask("Do you want to save the changes you made to \n\n" + Shown(file_) + "?",
-                         PromptIcon::question, PromptButtons::yesNoCancel);
-    }
+    const Asking asking(asking_, events_);
+    const Answer answer =
+        prompts_.Ask("Do you want to save the changes you made to \n\n" + Shown(file_) + "?",
+                     PromptIcon::question, PromptButtons::yesNoCancel);
     if (answer == Answer::yes) {
         // A menu that never had a file has nowhere to go: its changes are dropped.
         return file_.empty() || SavePDM(file_);

@@ -34,6 +34,8 @@ public:
     virtual void FileChanged(const std::string& path) = 0;
     // UnsavedChanges() is another.
     virtual void UnsavedChanged() = 0;
+    // The user is being asked whether to save the changes, until it is called with false.
+    virtual void AskingToSave(bool asking) = 0;
     virtual void HomeChanged(const std::string& path) = 0;
 };
 
@@ -74,7 +76,7 @@ public:
     void SetThisMenuAsHomeMenu();
     // Asks about unsaved changes before the program ends: whatever MCh is since, a changed menu
     // stays one until it is saved. False: the program is to go on. While Loading() there is nothing
-    // to ask about. While the question is being asked it is not asked a second time: false.
+    // to ask about. While the user is being asked he is not asked a second time: false.
     bool MayClose();
     // The session ends and leaves no time to ask: writes a changed menu beside its file, where its
     // next opening tells the user of it. Does nothing when it has done so since the last change. A
@@ -141,7 +143,7 @@ private:
     bool noHistory_ = false;
     bool loading_ = false;
     bool keptUnsaved_ = false; // the changes stand beside the file
-    bool asking_ = false;      // the question whether to save is being asked
+    bool asking_ = false;      // the user is being asked whether to save
 };
 
 } // namespace nv

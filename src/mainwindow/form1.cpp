@@ -450,6 +450,16 @@ void Form1::UnsavedChanged()
     UpdateCaption();
 }
 
+// The system shows it when the session is to end meanwhile.
+void Form1::AskingToSave(bool asking)
+{
+    if (asking) {
+        ShutdownBlockReasonCreate(Handle(), L"Navrix Menu has unsaved changes");
+    } else {
+        ShutdownBlockReasonDestroy(Handle());
+    }
+}
+
 void Form1::UpdateCaption()
 {
     const std::string& path = document_.FFile();

@@ -119,6 +119,7 @@ private:
     bool LinesRebuilt() override;
     void FileChanged(const std::string& path) override;
     void UnsavedChanged() override;
+    void AskingToSave(bool asking) override;
     void HomeChanged(const std::string& path) override;
 
     MousePresses mousePresses_;

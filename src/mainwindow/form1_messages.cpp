@@ -18,30 +18,6 @@ constexpr Twips kBodyBottom = 195;
 
 constexpr LPARAM kForced = ENDSESSION_CRITICAL; // flag of the messages that end a session
 
-// What the system shows about a window that keeps it from ending the session; for a while.
-class ShutdownReason
-{
-public:
-    // window: null, nothing is shown.
-    explicit ShutdownReason(HWND window) : window_(window)
-    {
-        if (window_ != nullptr) {
-            ShutdownBlockReasonCreate(window_, L"Navrix Menu has unsaved changes");
-        }
-    }
-    ~ShutdownReason()
-    {
-        if (window_ != nullptr) {
-            ShutdownBlockReasonDestroy(window_);
-        }
-    }
-    ShutdownReason(const ShutdownReason&) = delete;
-    ShutdownReason& operator=(const ShutdownReason&) = delete;
-
-private:
-    HWND window_;
-};
-
 constexpr DWORD kDialogAtom = 32770; // of the platform's class of dialogs
 
 Key KeyOf(WPARAM key)
@@ -175,7 +151,6 @@ bool Form1::OnQueryEndSession(bool forced)
         document_.KeepUnsaved();
         return true;
     }
-    const ShutdownReason reason(document_.UnsavedChanges() ? Handle() : nullptr);
     const HWND top = GetLastActivePopup(Handle());
     const HWND owner = prompts_.Owner();
     prompts_.SetOwner(top);

@@ -21,6 +21,7 @@ public:
     using Log = std::vector<std::string>;
 
     Log log;
+    bool isAsking = false;
     bool showToTheEnd = true;        // what LinesRebuilt answers
     std::function<void()> onRebuilt; // runs in LinesRebuilt, as waiting events would
 
@@ -41,6 +42,7 @@ public:
     }
     void FileChanged(const std::string& path) override { log.push_back("file " + path); }
     void UnsavedChanged() override {}
+    void AskingToSave(bool asking) override { isAsking = asking; }
     void HomeChanged(const std::string& path) override { log.push_back("home " + path); }
 };
 

@@ -214,10 +214,15 @@ TEST(MenuDocument, AsksBeforeChangesAreLost)
             for (const Answer answer : c.answers) {
                 desk.prompts.Expect(answer);
             }
+            desk.prompts.whileShown = [&desk] {
+                EXPECT_TRUE(desk.events.isAsking);
+                EXPECT_FALSE(desk.document.MayClose()); // does not ask twice
+            };
             EXPECT_EQ(closing ? desk.document.MayClose() : desk.document.FOpen(kOther), c.leaves);
             EXPECT_EQ(desk.files.Contents(kStart), c.saved);
             EXPECT_EQ(desk.document.FFile(), c.leaves && !closing ? kOther : kStart);
             EXPECT_TRUE(c.leaves || desk.document.UnsavedChanges());
+            EXPECT_FALSE(desk.events.isAsking);
         }
     }
 }
