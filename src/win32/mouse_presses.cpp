@@ -11,7 +11,6 @@ namespace
 {
 
 struct Button {
-    int key; // its number as a key
     UINT down;
     UINT up;
     UINT doubleClick;
@@ -22,12 +21,9 @@ struct Button {
 
 // The platform hands a hook no object.
 thread_local Button buttons[] = {
-    {VK_LBUTTON, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_NCLBUTTONDOWN,
-     WM_NCLBUTTONDBLCLK},
-    {VK_RBUTTON, WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK, WM_NCRBUTTONDOWN,
-     WM_NCRBUTTONDBLCLK},
-    {VK_MBUTTON, WM_MBUTTONDOWN, WM_MBUTTONUP, WM_MBUTTONDBLCLK, WM_NCMBUTTONDOWN,
-     WM_NCMBUTTONDBLCLK},
+    {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_NCLBUTTONDOWN, WM_NCLBUTTONDBLCLK},
+    {WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK, WM_NCRBUTTONDOWN, WM_NCRBUTTONDBLCLK},
+    {WM_MBUTTONDOWN, WM_MBUTTONUP, WM_MBUTTONDBLCLK, WM_NCMBUTTONDOWN, WM_NCMBUTTONDBLCLK},
 };
 thread_local int pickers = 0;
 
@@ -51,6 +47,13 @@ bool IsCaptured()
     return state.hwndCapture != nullptr || (state.flags & GUI_INMOVESIZE) != 0 || IsInMenu(state);
 }
 
+// Whichever: with a mouse for the left hand the keys of two of them are swapped.
+bool AnyButtonIsHeld()
+{
+    return GetKeyState(VK_LBUTTON) < 0 || GetKeyState(VK_RBUTTON) < 0 ||
+           GetKeyState(VK_MBUTTON) < 0;
+}
+
 // Whether the message that input has become is to be dropped.
 bool OnInput(UINT message)
 {
@@ -61,7 +64,7 @@ bool OnInput(UINT message)
             button.pressed = false;
         } else if (message == button.up) {
             return !std::exchange(button.pressed, false) && pickers == 0 && !IsCaptured();
-        } else if (message == WM_MOUSEMOVE && button.pressed && GetKeyState(button.key) >= 0) {
+        } else if (message == WM_MOUSEMOVE && button.pressed && !AnyButtonIsHeld()) {
             button.pressed = false; // let go over another program
         }
     }
