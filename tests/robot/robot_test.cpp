@@ -237,7 +237,15 @@ protected:
     {
         const ULONGLONG before = MadeOld(path);
         PressWithControl('S');
-        Await([&] { return LastWrite(path) > before; }, "not saved: " + path);
+        const auto saved = [&] {
+            // The menu was restored while it was open.
+            const auto box = Running().BoxNow();
+            if (box && box->text.find(" was changed by another program.") != std::string::npos) {
+                Running().Answer(*box, "Yes");
+            }
+            return LastWrite(path) > before;
+        };
+        Await(saved, "not saved: " + path);
         DemandAlive();
         return Contents(path);
     }
@@ -263,9 +271,7 @@ protected:
         const std::string title = Running().Title();
         Demand(title.rfind(start, 0) == 0, "editing, but no menu is open");
         std::string path = title.substr(start.size());
-        if (path.compare(1, 1, ":") != 0) {
-            path = Path(path); // as a link names it, or typed
-        }
+        path.erase(path.ends_with(" *") ? path.size() - 2 : path.size());
         hand_->Note("save and check " + path);
         const std::string content = Save(path);
         Demand(WrittenAgain(path) == content,
