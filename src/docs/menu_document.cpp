@@ -21,7 +21,6 @@ namespace
 constexpr char kStoredBreak = '\x01';
 // So that no listing of "*.nvm" finds it.
 constexpr char kUnsavedEnding[] = ".unsaved";
-constexpr int kUnsavedFiles = 1000;
 constexpr char kOldEndOfFile = '\x1A'; // ended the reading of a text file in programs of old
 
 // Appends line as it stands in a file: each CR LF, then each LF, each CR and each code 26 left over
@@ -132,9 +131,10 @@ bool MenuDocument::SavePDM(const std::string& path)
         return false;
     }
     if (path == file_ && ChangedByOthers()) {
-        const Answer answer = prompts_.Ask(
-            "File " + path + " was changed by another program.\n\nDo you want to overwrite it?",
-            PromptIcon::exclamation, PromptButtons::noYes);
+        const Answer answer =
+            prompts_.Ask("File " + Shown(path) +
+                             " was changed by another program.\n\nDo you want to overwrite it?",
+                         PromptIcon::exclamation, PromptButtons::noYes);
         if (answer != Answer::yes) {
             return false;
         }
@@ -147,6 +147,7 @@ bool MenuDocument::SavePDM(const std::string& path)
     SetFFile(path);
     changed_ = false;
     SetUnsaved(false);
+    RemoveUnsavedCopy();
     return true;
 }
 
@@ -196,6 +197,9 @@ bool MenuDocument::CreateNewMenuFile(const std::string& path)
     }
     SystemError error = 0;
     const std::unique_ptr<File> file = files_.Open(full, mode, error);
+    if (full == file_) {
+        known_ = files_.State(full); // it was this program that emptied it
+    }
     if (file == nullptr || file->Close() != 0) {
         prompts_.Ask("New Menu Could Not Be Created!", PromptIcon::exclamation, PromptButtons::ok);
         return false;
@@ -233,19 +237,29 @@ void MenuDocument::KeepUnsaved()
         return;
     }
     const std::string path = file_ + kUnsavedEnding;
-    for (int number = 2; files_.Attributes(path).exists && number < kUnsavedFiles; ++number) {
-        const std::string aside = file_ + "." + std::to_string(number) + kUnsavedEnding;
-        if (!files_.Attributes(aside).exists) {
-            // Ignored: then it is written over.
-            static_cast<void>(files_.Replace(path, aside));
-            break;
-        }
+    if (path != unsavedCopy_ && files_.Attributes(path).exists) {
+        // Ignored: then it is written over.
+        static_cast<void>(files_.Replace(path, FreeName(files_, file_, kUnsavedEnding)));
     }
-    SystemError error = 0;
-    const std::unique_ptr<File> file = files_.Open(path, OpenMode::overwrite, error);
-    if (file != nullptr) {
+    try {
         const std::string form = FileForm();
-        keptUnsaved_ = file->Write(form.data(), form.size()) == 0 && file->Flush() == 0;
+        SystemError error = 0;
+        const std::unique_ptr<File> file = files_.Open(path, OpenMode::overwrite, error);
+        if (file != nullptr) {
+            unsavedCopy_ = path;
+            keptUnsaved_ = file->Write(form.data(), form.size()) == 0 && file->Flush() == 0;
+        }
+    } catch (const std::bad_alloc&) {
+        // There is nobody to tell.
+    }
+}
+
+// The session did not end after all, and the changes are in the menu.
+void MenuDocument::RemoveUnsavedCopy()
+{
+    if (!unsavedCopy_.empty()) {
+        // Ignored: the next opening then tells of it.
+        static_cast<void>(files_.Remove(std::exchange(unsavedCopy_, {})));
     }
 }
 
@@ -320,6 +334,8 @@ bool MenuDocument::Load(const std::string& path, SystemError& error)
         return false;
     }
     const Mark loading(loading_);
+    // Of before the reading: what is written during it counts as changed by others.
+    const FileState before = files_.State(path);
     cutShort_.clear();
     ClearLines();
     events_.TitleChanged(SplitPath(path, codePage_).fileName);
@@ -330,7 +346,7 @@ bool MenuDocument::Load(const std::string& path, SystemError& error)
     }
     // Ignored: all was read.
     static_cast<void>(file->Close());
-    known_ = files_.State(path);
+    known_ = before;
     savedHash_.reset();
     return Show(path);
 }
@@ -405,6 +421,7 @@ std::string MenuDocument::FileForm() const
 void MenuDocument::ClearLines()
 {
     lines_.Clear();
+    unsavedCopy_.clear();
     events_.Cleared();
 }
 

@@ -25,7 +25,7 @@ public:
     virtual void Cleared() = 0;
     // The file name to show as the menu's title.
     virtual void TitleChanged(const std::string& fileName) = 0;
-    // A file was read whole: path belongs into the window's caption.
+    // The file at path was read whole.
     virtual void Opened(const std::string& path) = 0;
     // The lines are new: show them (LoadFields). May re-enter. False when the showing was ended
     // before its last line because it is no longer wanted.
@@ -65,12 +65,15 @@ public:
     bool OpenPDM(std::string path);
     // Writes the lines to path, which is full; false after telling the user why it could not, and
     // the old file stands. Asks before it overwrites what another program has written there since
-    // the menu was read or saved; No counts as a failure that was told. See SafeSave for what it is
+    // the menu was read or saved; No counts as a failure that was told. May
+    // re-enter. See SafeSave for what it is
     // safe from. Does nothing but return false while Loading().
     bool SavePDM(const std::string& path);
-    // Creates an empty Menu file and the folders above it, asking before it overwrites one.
+    // Creates an empty Menu file and the folders above it, asking before it overwrites one; false
+    // after telling the user that it could not, or when he does not want it. path: as for FOpen.
+    // May re-enter.
     bool CreateNewMenuFile(const std::string& path);
-    // The toolbar's "Save Menu": saves to the current file, if there is one.
+    // The toolbar's "Save Menu": saves to the current file, if there is one. May re-enter.
     void SaveMenu();
     // The toolbar's "Set This Menu As Home Menu": does nothing without a current file.
     void SetThisMenuAsHomeMenu();
@@ -82,6 +85,8 @@ public:
     // next opening tells the user of it. Does nothing when it has done so since the last change. A
     // failure is not told. Lets no events through.
     void KeepUnsaved();
+    // The user is being asked whether to save.
+    bool AskingToSave() const { return asking_; }
 
     // Full path of the current Menu file; empty when none.
     const std::string& FFile() const { return file_; }
@@ -114,6 +119,7 @@ private:
     bool ReadLines(File& file, SystemError& error);
     bool Show(const std::string& path);
     void TellOfUnsaved();
+    void RemoveUnsavedCopy();
     bool ChangedByOthers();
     bool HoldsWhatIsKnown();
     SystemError Write(const std::string& path);
@@ -136,13 +142,14 @@ private:
     std::string file_;
     std::string home_;
     std::string cutShort_;
-    FileState known_;                      // of the file when it was read or saved last
+    std::string unsavedCopy_; // what KeepUnsaved has written of this menu; empty: nothing
+    FileState known_;         // of the file when it was read or saved last
     std::optional<std::size_t> savedHash_; // of what was saved last, if it was since the reading
     bool changed_ = false;
     bool unsaved_ = false;
     bool noHistory_ = false;
     bool loading_ = false;
-    bool keptUnsaved_ = false; // the changes stand beside the file
+    bool keptUnsaved_ = false; // the last changes stand beside the file
     bool asking_ = false;      // the user is being asked whether to save
 };
 

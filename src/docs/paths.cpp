@@ -69,6 +69,15 @@ std::string FileExtension(std::string_view path)
     return dot == std::string_view::npos ? std::string() : UpperCase(path.substr(dot + 1));
 }
 
+std::string FreeName(Files& files, const std::string& path, const std::string& ending)
+{
+    std::string name = path + ending;
+    for (int number = 2; files.Attributes(name).exists; ++number) {
+        name = path + "." + std::to_string(number) + ending;
+    }
+    return name;
+}
+
 void MakeFolders(Files& files, std::string_view folder, const CodePage& codePage)
 {
     constexpr int kMaxLevels = 21;

@@ -30,6 +30,9 @@ std::string CompletePath(Files& files, const std::string& path, const std::strin
 // "MENUS\START". Empty when there is no ".".
 std::string FileExtension(std::string_view path);
 
+// A name beside path that nothing has: path and ending, or with a number between them.
+std::string FreeName(Files& files, const std::string& path, const std::string& ending);
+
 // Creates folder and the missing folders above it, at most 21 levels. Failures are ignored: the
 // levels that exist, or cannot be made, do not stop those below.
 void MakeFolders(Files& files, std::string_view folder, const CodePage& codePage);

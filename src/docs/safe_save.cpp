@@ -60,12 +60,19 @@ SystemError SafeSave::Begin()
     if (!attributes.exists) {
         return CreateTemporary();
     }
+    existed_ = true;
     // A read-only file could be replaced, but was made read-only so that it stays.
     if (attributes.folder || attributes.readOnly) {
         return kAccessDenied;
     }
     SystemError error = 0;
-    if (files_.Open(path_, OpenMode::change, error) == nullptr) {
+    if (files_.Open(path_, OpenMode::change, error) == nullptr && error == kNotFound) {
+        // A symbolic link whose file is gone: that is made again, where it was.
+        if (files_.Open(path_, OpenMode::overwrite, error) != nullptr) {
+            path_ = files_.BehindLink(path_);
+        }
+    }
+    if (error != 0) {
         return error;
     }
     // Ignored: the file can be written in place, whatever speaks against a new one beside it (the
@@ -93,6 +100,9 @@ SystemError SafeSave::Finish(std::string_view contents)
             // open. The new file beside stays until the old one is written: should the program die
             // meanwhile, all is in it.
             error = WriteInPlace(contents);
+        }
+        if (error != 0 && existed_ && !files_.Attributes(path_).exists) {
+            temporaryPath_.clear(); // stays: nothing stands under the name
         }
     }
     RemoveTemporary();

@@ -14,12 +14,13 @@ namespace nv
 SystemError ReadAll(File& file, std::string& contents);
 
 // One save of a whole file. The new contents are written beside the file, with its access list, and
-// then given its name: whatever fails or dies on the way, the old file or the new one stands whole
-// under the name. Where the folder takes no new files, or does not let the file be replaced, and
-// where the file has other names (hard links), which would keep the old contents, the file is
-// written in place and put back as it was when that fails: it is then safe from a full disk, though
-// not from a program that dies while it writes. The new file beside, where there is one, stays
-// until the file is whole. A symbolic link stays one: the file that it leads to is written.
+// then given its name: whatever fails or dies on the way, the old file or the new one stands whole,
+// under the name or, after a death in the midst of the swap, beside it. Where the folder takes no
+// new files, or does not let the file be replaced, and where the file has other names (hard links),
+// which would keep the old contents, the file is written in place and put back as it was when that
+// fails: it is then safe from a full disk, though not from a program that dies while it writes. The
+// new file beside, where there is one, stays until the file is whole. A symbolic link stays one:
+// the file that it leads to is written.
 class SafeSave
 {
 public:
@@ -46,7 +47,8 @@ private:
     std::string path_;
     std::string temporaryPath_; // empty: none was created
     std::unique_ptr<File> temporary_;
-    bool inPlace_ = false; // the file must stay the one that it is
+    bool existed_ = false; // the file was there when the save began
+    bool inPlace_ = false; // it must stay the one that it is
 };
 
 } // namespace nv

@@ -210,7 +210,7 @@ LRESULT EditPanel::OnDropFiles(HDROP drop)
         editor_.InsertFiles(dropped.paths, *gap);
     } else if (isOver(commandBox_) && MayInsertInto(commandBox_)) {
         SelectAll(commandBox_);
-        InsertIntoBox(commandBox_, '"' + dropped.paths.front() + '"');
+        InsertIntoCommand(dropped.paths.front());
     } else if (isOver(captionBox_) && MayInsertInto(captionBox_)) {
         InsertIntoBox(captionBox_, dropped.paths.front());
     }
@@ -257,6 +257,12 @@ void EditPanel::Browse(HWND owner)
     if (left_.text == TextOf(commandBox_) && left_.selection == SelectionOf(commandBox_)) {
         SetSelection(commandBox_, left_.replaced);
     }
+    InsertIntoCommand(path);
+}
+
+// In quotes, at the selection. The caret then stands behind it, for arguments.
+void EditPanel::InsertIntoCommand(const std::string& path)
+{
     const DWORD begin = SelectionOf(commandBox_).begin;
     const TextAround around = TextAroundSelection(commandBox_);
     InsertIntoBox(commandBox_, QuotedForBox(path, around.before, around.after));
@@ -331,20 +337,32 @@ void EditPanel::FillFields()
         const MenuItem& fields = editor_.Fields();
         ShowCaptionFont();
         const bool caption = FillBox(captionBox_, fields.caption, kLongestCaption);
+        const std::string before = TextOf(commandBox_);
         const bool command = FillBox(commandBox_, fields.link, kLongestCommand);
         ShowTitle(caption && command ? "Menu Edit" : "Some of this text cannot be edited here.");
-        if (GetFocus() != commandBox_) {
-            SelectAll(commandBox_);
-        }
-        left_ = {TextOf(commandBox_),
-                 SelectionOf(commandBox_),
-                 {0, static_cast<DWORD>(GetWindowTextLengthA(commandBox_))}};
+        LeaveCommandBox(before);
         // A hand-edited file may hold other codes than the box has: none is chosen then.
         const bool known = fields.type <= ItemType::vLine;
         SendMessageA(typeBox_, CB_SETCURSEL, known ? static_cast<WPARAM>(fields.type) : WPARAM(-1),
                      0);
     }
     ShowUse();
+}
+
+// The whole command is selected, for Browse to replace. Who is writing in the box, and takes a step
+// back, goes on writing: there the caret is left at the end, or where it was when before stands.
+void EditPanel::LeaveCommandBox(const std::string& before)
+{
+    const bool writing = GetFocus() == commandBox_;
+    const std::string text = TextOf(commandBox_);
+    if (writing && text == before) {
+        return;
+    }
+    if (!writing) {
+        SelectAll(commandBox_);
+    }
+    const auto end = static_cast<DWORD>(GetWindowTextLengthA(commandBox_));
+    left_ = {text, SelectionOf(commandBox_), {0, end}};
 }
 
 void EditPanel::ShowTitle(const std::string& title)

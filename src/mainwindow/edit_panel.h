@@ -86,6 +86,8 @@ private:
     void ShowUse();
     void ShowCaptionFont();
     void InsertIntoBox(HWND box, const std::string& text);
+    void InsertIntoCommand(const std::string& path);
+    void LeaveCommandBox(const std::string& before);
 
     void ItemsReplaced() override;
     void ItemInserted(std::size_t index) override;

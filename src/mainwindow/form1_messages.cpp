@@ -164,7 +164,8 @@ bool Form1::OnQueryEndSession(bool forced)
 
 void Form1::OnEndSession(bool forced)
 {
-    if (forced) {
+    // Or Windows did not wait for the answer.
+    if (forced || document_.AskingToSave()) {
         document_.KeepUnsaved();
     }
     StorePlacement();

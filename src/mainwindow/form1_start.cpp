@@ -57,7 +57,7 @@ bool Form1::StartUp(std::string_view arguments, int showCommand)
     }
     const std::string defaultHome = DefaultHome(files_, programFolder_);
     const std::string home = SettingText(settings_.GetKeyValue("Settings", "Home", ""));
-    document_.SetHome(home.empty() ? defaultHome : home);
+    document_.SetHome(home.empty() ? defaultHome : document_.FullPath(home));
     // Ignored: the program is as useful to who opens its menus from within.
     static_cast<void>(RegisterMenuFileType(programFolder_));
     CommandLine commandLine = ParseCommandLine(arguments, document_.Page());

@@ -6,6 +6,7 @@
 namespace nv
 {
 
+inline constexpr SystemError kNotFound = 2;
 inline constexpr SystemError kAccessDenied = 5;
 inline constexpr SystemError kNotEnoughMemory = 8;
 inline constexpr SystemError kSharingViolation = 32;

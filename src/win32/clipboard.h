@@ -11,8 +11,9 @@ namespace nv
 {
 
 // Makes text, in the code page of the process, all that the clipboard holds. owner: a window of
-// this thread. False: another program keeps the clipboard, which holds what it held, or nothing.
-// Throws std::bad_alloc before it opens the clipboard.
+// this thread. False: the system refuses, as it does while another program keeps the clipboard
+// open; it then holds what it held, or nothing. Throws std::bad_alloc before it opens the
+// clipboard.
 bool PutOnClipboard(HWND owner, const std::string& text);
 
 // The text on the clipboard; nothing: it holds none, or cannot be opened.

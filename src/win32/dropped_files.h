@@ -11,7 +11,7 @@ namespace nv
 {
 
 struct DroppedFiles {
-    POINT at; // of the screen
+    POINT at; // pixels of the screen
     std::vector<std::string> paths;
 };
 

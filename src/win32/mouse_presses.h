@@ -20,7 +20,8 @@ private:
     void* hook_;
 };
 
-// As long as it lives, presses are those in a picker of the system, which gets every release.
+// As long as it lives, this thread shows a picker or another dialog of the system: presses count as
+// outside the program, and no release is dropped.
 class PressesInPicker
 {
 public:

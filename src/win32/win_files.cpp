@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace nv
 {
@@ -116,14 +117,13 @@ FileHandle OpenToLook(const std::string& path, DWORD access = FILE_READ_ATTRIBUT
                                   OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-// Nothing known is all zero.
-BY_HANDLE_FILE_INFORMATION InformationOn(const FileHandle& file)
+using Information = std::optional<BY_HANDLE_FILE_INFORMATION>;
+
+Information InformationOn(const FileHandle& file)
 {
     BY_HANDLE_FILE_INFORMATION information = {};
-    if (!file || !GetFileInformationByHandle(file.Get(), &information)) {
-        return {};
-    }
-    return information;
+    const bool known = file && GetFileInformationByHandle(file.Get(), &information);
+    return known ? Information(information) : std::nullopt;
 }
 
 std::uint64_t Whole(DWORD high, DWORD low)
@@ -133,11 +133,11 @@ std::uint64_t Whole(DWORD high, DWORD low)
 
 bool AreTheSame(const FileHandle& file, const FileHandle& other)
 {
-    const auto one = InformationOn(file);
-    const auto two = InformationOn(other);
-    return one.nNumberOfLinks != 0 && one.dwVolumeSerialNumber == two.dwVolumeSerialNumber &&
-           Whole(one.nFileIndexHigh, one.nFileIndexLow) ==
-               Whole(two.nFileIndexHigh, two.nFileIndexLow);
+    const Information one = InformationOn(file);
+    const Information two = InformationOn(other);
+    return one && two && one->dwVolumeSerialNumber == two->dwVolumeSerialNumber &&
+           Whole(one->nFileIndexHigh, one->nFileIndexLow) ==
+               Whole(two->nFileIndexHigh, two->nFileIndexLow);
 }
 
 // The path without any link in it; empty when the system cannot tell.
@@ -155,15 +155,23 @@ std::string FinalPath(const FileHandle& file)
     return path.substr(path.starts_with(kDrive) ? kDrive.size() : 0);
 }
 
-// A security descriptor that holds a file's access list; empty when it cannot be read.
+// A security descriptor with a file's access list and owner; empty when it cannot be read.
 std::string AccessOf(const std::string& path)
 {
+    constexpr SECURITY_INFORMATION kParts = DACL_SECURITY_INFORMATION | OWNER_SECURITY_INFORMATION;
     DWORD size = 0;
-    GetFileSecurityA(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    GetFileSecurityA(path.c_str(), kParts, nullptr, 0, &size);
     std::string descriptor(size, '\0');
-    const bool read = size != 0 && GetFileSecurityA(path.c_str(), DACL_SECURITY_INFORMATION,
-                                                    descriptor.data(), size, &size) != FALSE;
+    const bool read = size != 0 && GetFileSecurityA(path.c_str(), kParts, descriptor.data(), size,
+                                                    &size) != FALSE;
     return read ? descriptor : std::string();
+}
+
+// Without the right to delete it, a file that gets the list of the one at path could never get its
+// name, either.
+bool MayBeDeleted(const std::string& path)
+{
+    return OpenToLook(path, DELETE) || GetLastError() != ERROR_ACCESS_DENIED;
 }
 
 // The bytes of the list in such a descriptor; empty when it has none, which allows everything.
@@ -202,31 +210,23 @@ bool IsThere(const std::string& path)
     return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-// A name beside path that nothing has. No listing of "*.nvm" finds it.
-std::string BackupName(const std::string& path)
-{
-    std::string name = path + ".old";
-    for (int number = 2; IsThere(name); ++number) {
-        name = path + "." + std::to_string(number) + ".old";
-    }
-    return name;
-}
-
 // Swaps the file at to for the one at from by the system's own call for that, which keeps what the
 // old one was besides its contents.
-bool Swap(const std::string& from, const std::string& to)
+bool Swap(const std::string& from, const std::string& to, const std::string& backup)
 {
-    const std::string backup = BackupName(to);
     bool done = Patiently([&] {
                     return ReplaceFileA(to.c_str(), from.c_str(), backup.c_str(),
                                         REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr);
                 }) == 0;
     if (!done && !IsThere(to)) {
         // It gave up half-way, with the old file under the backup's name.
-        done = MoveFileA(from.c_str(), to.c_str()) != FALSE;
+        const auto move = [&to](const std::string& name) {
+            return Patiently([&] { return MoveFileA(name.c_str(), to.c_str()); }) == 0;
+        };
+        done = move(from);
         if (!done) {
             // Ignored: the old file is still there, under the other name.
-            static_cast<void>(MoveFileA(backup.c_str(), to.c_str()));
+            static_cast<void>(move(backup));
         }
     }
     if (done) {
@@ -268,10 +268,13 @@ FileAttributes WinFiles::Attributes(const std::string& path)
 
 FileState WinFiles::State(const std::string& path)
 {
-    const auto found = InformationOn(OpenToLook(path));
-    return {found.nNumberOfLinks != 0, Whole(found.nFileSizeHigh, found.nFileSizeLow),
-            Whole(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime),
-            found.nNumberOfLinks};
+    const Information found = InformationOn(OpenToLook(path));
+    if (!found) {
+        return {};
+    }
+    return {true, Whole(found->nFileSizeHigh, found->nFileSizeLow),
+            Whole(found->ftLastWriteTime.dwHighDateTime, found->ftLastWriteTime.dwLowDateTime),
+            found->nNumberOfLinks};
 }
 
 // A path is no link when it ends, below its folder's true path, with its own name. Attributes would
@@ -321,11 +324,10 @@ std::vector<std::string> WinFiles::List(const std::string& pattern, std::size_t 
 
 bool WinFiles::CopyAccess(const std::string& from, const std::string& to)
 {
-    // Wine's lists are made of a file's mode, and do not lead back to it: a file that only its owner
-    // may read would become one that his group may write.
+    // Wine's lists are made of a file's mode, and do not lead back to it: a file that only its
+    // owner may read would become one that his group may write.
     std::string wanted = UnderWine() ? std::string() : AccessOf(from);
-    // Without the right to delete the file could get the list, but then never the name.
-    if (wanted.empty() || !OpenToLook(from, DELETE)) {
+    if (wanted.empty() || !MayBeDeleted(from)) {
         return true;
     }
     SECURITY_DESCRIPTOR_CONTROL control = 0;
@@ -339,6 +341,9 @@ bool WinFiles::CopyAccess(const std::string& from, const std::string& to)
     if (!SetFileSecurityA(to.c_str(), DACL_SECURITY_INFORMATION, wanted.data())) {
         return true;
     }
+    // Ignored: hardly anybody may give a file to somebody else.
+    static_cast<void>(SetFileSecurityA(to.c_str(), OWNER_SECURITY_INFORMATION, wanted.data()));
+    // Servers of other makers may have made another list of it.
     std::string set = AccessOf(to);
     return ListIn(set) == ListIn(wanted);
 }
@@ -352,7 +357,7 @@ SystemError WinFiles::Replace(const std::string& from, const std::string& to)
         // Ignored: contents are worth more than attributes.
         static_cast<void>(SetFileAttributesA(from.c_str(), old & kKept));
     }
-    if (IsThere(to) && Swap(from, to)) {
+    if (IsThere(to) && Swap(from, to, FreeName(*this, to, ".old"))) {
         return 0;
     }
     // Some file systems and servers cannot swap.

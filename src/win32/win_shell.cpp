@@ -1,5 +1,6 @@
 #include "win32/win_shell.h"
 
+#include "win32/mouse_presses.h"
 #include "win32/process.h"
 
 #include <windows.h>
@@ -60,6 +61,7 @@ std::int32_t WinShell::StartByShell(const ShellStartRequest& request)
     }
     StartCom();
     const InheritedDefaults defaults;
+    const PressesInPicker presses; // it may ask what to open the file with
     return ResultOf(ShellExecuteA(reinterpret_cast<HWND>(request.owner), TextOrNone(request.verb),
                                   request.file.c_str(), TextOrNone(request.parameters),
                                   TextOrNone(request.directory), static_cast<int>(request.show)));

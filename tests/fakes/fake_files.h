@@ -16,7 +16,6 @@ namespace nv
 class FakeFiles : public Files
 {
 public:
-    static constexpr SystemError kNotFound = 2;
     static constexpr SystemError kDiskFull = 112;
 
     struct Node {

@@ -282,8 +282,15 @@ TEST(MenuDocument, KeepsUnsavedChangesBesideTheFileWhenThereIsNoTimeToAsk)
     }
     EXPECT_EQ(desk.files.Contents(kept), kMenu + "four\r\n");
     EXPECT_EQ(desk.files.Contents(std::string(kStart) + ".2.unsaved"), "of another day");
+    EXPECT_EQ(desk.files.Count(), 4u); // the two menus, and no third copy
     EXPECT_EQ(desk.files.Contents(kStart), kMenu);
     EXPECT_TRUE(desk.document.UnsavedChanges());
+    desk.document.SetMCh(true);
+    desk.document.Lines().Append("five");
+    desk.document.KeepUnsaved();
+    EXPECT_EQ(desk.files.Contents(kept), kMenu + "four\r\nfive\r\n");
+    EXPECT_TRUE(desk.document.SavePDM(kStart)); // the session did not end
+    EXPECT_EQ(desk.files.Contents(kept), "(none)");
     Desk next;
     next.files.Put(kept, "kept");
     for (int openings = 0; openings < 2; ++openings) {
