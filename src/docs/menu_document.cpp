@@ -197,12 +197,12 @@ bool MenuDocument::CreateNewMenuFile(const std::string& path)
     }
     SystemError error = 0;
     const std::unique_ptr<File> file = files_.Open(full, mode, error);
-    if (full == file_) {
-        known_ = files_.State(full); // it was this program that emptied it
-    }
     if (file == nullptr || file->Close() != 0) {
         prompts_.Ask("New Menu Could Not Be Created!", PromptIcon::exclamation, PromptButtons::ok);
         return false;
+    }
+    if (full == file_) {
+        known_ = files_.State(full); // it was this program that emptied it
     }
     return true;
 }
