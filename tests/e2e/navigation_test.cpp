@@ -81,6 +81,7 @@ TEST_F(Navigation, BackKeepsTheStepsThatOpenNothing)
     }
     PressKey('E', {VK_CONTROL});
     EXPECT_TRUE(program.WaitForFocus("NavrixMenuView"));
+    EXPECT_TRUE(program.Answers()); // when the column stands
     PressKey(VK_RETURN);
     ExpectSaveQuestion(b, "No");
     ASSERT_TRUE(WaitUntilLoaded(c));
