@@ -247,6 +247,8 @@ void MenuDocument::KeepUnsaved()
         const std::unique_ptr<File> file = files_.Open(path, OpenMode::overwrite, error);
         if (file != nullptr) {
             unsavedCopy_ = path;
+            // Ignored: a copy that others may read, too, is better than none.
+            static_cast<void>(files_.CopyAccess(file_, path));
             keptUnsaved_ = file->Write(form.data(), form.size()) == 0 && file->Flush() == 0;
         }
     } catch (const std::bad_alloc&) {

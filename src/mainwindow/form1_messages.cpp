@@ -202,8 +202,12 @@ bool Form1::OnKeyDown(const MSG& message)
     press.alt = (HIWORD(message.lParam) & KF_ALTDOWN) != 0 || (press.control && pressed(VK_MENU));
     const Facts facts = CurrentFacts();
     const auto command = CommandOfKey(press, facts, GetFocus() == panel_.ItemListWindow());
-    if (!command || !Available(*command, facts)) {
+    if (!command) {
         return false;
+    }
+    if (!Available(*command, facts)) {
+        // A box would take back what it remembers by itself.
+        return facts.editing && (*command == Command::undo || *command == Command::redo);
     }
     if (message.message == WM_SYSKEYDOWN) {
         // The platform must see that Alt was held for a key, or it opens the system menu.

@@ -269,7 +269,7 @@ FileAttributes WinFiles::Attributes(const std::string& path)
 FileState WinFiles::State(const std::string& path)
 {
     const Information found = InformationOn(OpenToLook(path));
-    if (!found) {
+    if (!found || (found->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         return {};
     }
     return {true, Whole(found->nFileSizeHigh, found->nFileSizeLow),

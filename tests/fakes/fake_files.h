@@ -103,7 +103,8 @@ public:
 
     bool CopyAccess(const std::string& from, const std::string& to) override
     {
-        Find(to)->access = spoilsAccess ? "spoilt" : Find(from)->access;
+        const Node* like = Find(from);
+        Find(to)->access = spoilsAccess ? "spoilt" : like != nullptr ? like->access : "";
         return !spoilsAccess;
     }
 
