@@ -464,7 +464,11 @@ void Form1::UpdateCaption()
 {
     const std::string& path = document_.FFile();
     const std::string menu = path.empty() ? "" : " - " + path;
-    SetWindowTextA(Handle(), (title_ + menu + (document_.UnsavedChanges() ? " *" : "")).c_str());
+    std::string caption = title_ + menu + (document_.UnsavedChanges() ? " *" : "");
+    if (caption != caption_) {
+        caption_ = std::move(caption);
+        SetWindowTextA(Handle(), caption_.c_str());
+    }
 }
 
 void Form1::HomeChanged(const std::string&)

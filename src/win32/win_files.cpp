@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 
 namespace nv
 {
@@ -117,27 +116,14 @@ FileHandle OpenToLook(const std::string& path, DWORD access = FILE_READ_ATTRIBUT
                                   OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-using Information = std::optional<BY_HANDLE_FILE_INFORMATION>;
-
-Information InformationOn(const FileHandle& file)
-{
-    BY_HANDLE_FILE_INFORMATION information = {};
-    const bool known = file && GetFileInformationByHandle(file.Get(), &information);
-    return known ? Information(information) : std::nullopt;
-}
-
-std::uint64_t Whole(DWORD high, DWORD low)
-{
-    return std::uint64_t{high} << 32 | low;
-}
-
 bool AreTheSame(const FileHandle& file, const FileHandle& other)
 {
-    const Information one = InformationOn(file);
-    const Information two = InformationOn(other);
-    return one && two && one->dwVolumeSerialNumber == two->dwVolumeSerialNumber &&
-           Whole(one->nFileIndexHigh, one->nFileIndexLow) ==
-               Whole(two->nFileIndexHigh, two->nFileIndexLow);
+    BY_HANDLE_FILE_INFORMATION one = {};
+    BY_HANDLE_FILE_INFORMATION two = {};
+    return file && other && GetFileInformationByHandle(file.Get(), &one) &&
+           GetFileInformationByHandle(other.Get(), &two) &&
+           one.dwVolumeSerialNumber == two.dwVolumeSerialNumber &&
+           one.nFileIndexHigh == two.nFileIndexHigh && one.nFileIndexLow == two.nFileIndexLow;
 }
 
 // The path without any link in it; empty when the system cannot tell.
@@ -268,13 +254,17 @@ FileAttributes WinFiles::Attributes(const std::string& path)
 
 FileState WinFiles::State(const std::string& path)
 {
-    const Information found = InformationOn(OpenToLook(path));
-    if (!found || (found->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+    // Not all information at once: that on the volume, too, would cost a save three times as much.
+    const FileHandle file = OpenToLook(path);
+    FILE_BASIC_INFO basic = {};
+    FILE_STANDARD_INFO standard = {};
+    if (!file || !GetFileInformationByHandleEx(file.Get(), FileBasicInfo, &basic, sizeof basic) ||
+        !GetFileInformationByHandleEx(file.Get(), FileStandardInfo, &standard, sizeof standard) ||
+        standard.Directory) {
         return {};
     }
-    return {true, Whole(found->nFileSizeHigh, found->nFileSizeLow),
-            Whole(found->ftLastWriteTime.dwHighDateTime, found->ftLastWriteTime.dwLowDateTime),
-            found->nNumberOfLinks};
+    return {true, static_cast<std::uint64_t>(standard.EndOfFile.QuadPart),
+            static_cast<std::uint64_t>(basic.LastWriteTime.QuadPart), standard.NumberOfLinks};
 }
 
 // A path is no link when it ends, below its folder's true path, with its own name. Attributes would
