@@ -62,11 +62,11 @@ public:
     virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode,
                                        SystemError& error) = 0;
     virtual FileAttributes Attributes(const std::string& path) = 0;
-    // Of the file itself, where path is a symbolic link. It is one of nothing when there is no file,
-    // or it cannot be looked at.
+    // Of the file itself, where path is a symbolic link. It is one of nothing when there is no
+    // file, or it cannot be looked at.
     virtual FileState State(const std::string& path) = 0;
-    // Where path is a symbolic link, the full path of the file that it leads to, empty when the code
-    // page cannot say it; else path, with the file's name in the case that it has.
+    // Where path is a symbolic link, the full path of the file that it leads to, empty when the
+    // code page cannot say it; else path, with the file's name in the case that it has.
     virtual std::string BehindLink(const std::string& path) = 0;
     // path from its drive on: one without that begins at the current folder. path itself when it
     // is none.
