@@ -9,6 +9,7 @@
 #include "system/options.h"
 #include "system/sopen.h"
 #include "win32/screen.h"
+#include "win32/window_text.h"
 
 #include <new>
 
@@ -464,11 +465,7 @@ void Form1::UpdateCaption()
 {
     const std::string& path = document_.FFile();
     const std::string menu = path.empty() ? "" : " - " + path;
-    std::string caption = title_ + menu + (document_.UnsavedChanges() ? " *" : "");
-    if (caption != caption_) {
-        caption_ = std::move(caption);
-        SetWindowTextA(Handle(), caption_.c_str());
-    }
+    SetTextOf(Handle(), title_ + menu + (document_.UnsavedChanges() ? " *" : ""));
 }
 
 void Form1::HomeChanged(const std::string&)

@@ -127,7 +127,6 @@ private:
     std::string programFolder_;
     std::string helpFile_;
     std::string title_;
-    std::string caption_; // what the window has
     std::string supportAddress_;
     ScreenScale scale_;
     WinFiles files_;
