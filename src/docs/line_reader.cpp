@@ -41,7 +41,7 @@ private:
     char* used_ = nullptr;            // end of what was read into the block
     char* blockEnd_ = nullptr;
     const char* scanned_ = nullptr; // how far the unfinished line was searched
-    bool begun_ = false;            // what the file begins with was passed
+    bool begun_ = false;            // the marks at the file's beginning were passed
     bool breaks_ = false;           // the unfinished line holds stored line breaks
     bool skipLineFeed_ = false;     // what was read ended in CR: an LF that follows belongs to it
 };

@@ -32,9 +32,9 @@ public:
     virtual bool LinesRebuilt() = 0;
     // The current file is another one (empty: none).
     virtual void FileChanged(const std::string& path) = 0;
-    // UnsavedChanges() is another.
+    // UnsavedChanges() has changed.
     virtual void UnsavedChanged() = 0;
-    // The user is being asked whether to save the changes, until it is called with false.
+    // True: the user is being asked whether to save the changes; false: no longer.
     virtual void AskingToSave(bool asking) = 0;
     virtual void HomeChanged(const std::string& path) = 0;
 };
@@ -65,9 +65,8 @@ public:
     bool OpenPDM(std::string path);
     // Writes the lines to path, which is full; false after telling the user why it could not, and
     // the old file stands. Asks before it overwrites what another program has written there since
-    // the menu was read or saved; No counts as a failure that was told. May
-    // re-enter. See SafeSave for what it is
-    // safe from. Does nothing but return false while Loading().
+    // the menu was read or saved; No counts as a failure that was told. See SafeSave for what it is
+    // safe from. Does nothing but return false while Loading(). May re-enter.
     bool SavePDM(const std::string& path);
     // Creates an empty Menu file and the folders above it, asking before it overwrites one; false
     // after telling the user that it could not, or when he does not want it. path: as for FOpen.

@@ -52,10 +52,7 @@ SafeSave::~SafeSave()
 
 SystemError SafeSave::Begin()
 {
-    const std::string behind = files_.BehindLink(path_);
-    if (!behind.empty()) {
-        path_ = behind;
-    }
+    FollowLink();
     const FileAttributes attributes = files_.Attributes(path_);
     if (!attributes.exists) {
         return CreateTemporary();
@@ -69,7 +66,7 @@ SystemError SafeSave::Begin()
     if (files_.Open(path_, OpenMode::change, error) == nullptr && error == kNotFound) {
         // A symbolic link whose file is gone: that is made again, where it was.
         if (files_.Open(path_, OpenMode::overwrite, error) != nullptr) {
-            path_ = files_.BehindLink(path_);
+            FollowLink();
         }
     }
     if (error != 0) {
@@ -78,8 +75,18 @@ SystemError SafeSave::Begin()
     // Ignored: the file can be written in place, whatever speaks against a new one beside it (the
     // rights to the folder, a path that has no room for a longer name).
     static_cast<void>(CreateLike(path_));
-    inPlace_ = behind.empty() || files_.State(path_).names > 1;
+    inPlace_ = inPlace_ || files_.State(path_).names > 1;
     return 0;
+}
+
+// A file whose name cannot be said is written in place, through the link.
+void SafeSave::FollowLink()
+{
+    std::string behind = files_.BehindLink(path_);
+    inPlace_ = behind.empty();
+    if (!inPlace_) {
+        path_ = std::move(behind);
+    }
 }
 
 SystemError SafeSave::Finish(std::string_view contents)

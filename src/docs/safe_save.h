@@ -37,6 +37,7 @@ public:
     SystemError Finish(std::string_view contents);
 
 private:
+    void FollowLink();
     SystemError CreateTemporary();
     SystemError CreateLike(const std::string& path);
     SystemError WriteTemporary(std::string_view contents);

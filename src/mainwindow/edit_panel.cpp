@@ -349,8 +349,8 @@ void EditPanel::FillFields()
     ShowUse();
 }
 
-// The whole command is selected, for Browse to replace. Who is writing in the box, and takes a step
-// back, goes on writing: there the caret is left at the end, or where it was when before stands.
+// Selects the whole command, for Browse to replace. A user who takes back what he wrote in the box
+// goes on writing there: with the keyboard in it nothing is selected. before: its text until now.
 void EditPanel::LeaveCommandBox(const std::string& before)
 {
     const bool writing = GetFocus() == commandBox_;

@@ -62,8 +62,8 @@ public:
     virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode,
                                        SystemError& error) = 0;
     virtual FileAttributes Attributes(const std::string& path) = 0;
-    // Of the file itself, where path is a symbolic link. It is one of nothing when there is no
-    // file, or it cannot be looked at.
+    // Of the file itself, where path is a symbolic link. All zero when there is no file, or it
+    // cannot be looked at.
     virtual FileState State(const std::string& path) = 0;
     // Where path is a symbolic link, the full path of the file that it leads to, empty when the
     // code page cannot say it; else path, with the file's name in the case that it has.

@@ -47,7 +47,7 @@ bool IsCaptured()
     return state.hwndCapture != nullptr || (state.flags & GUI_INMOVESIZE) != 0 || IsInMenu(state);
 }
 
-// Whichever: with a mouse for the left hand the keys of two of them are swapped.
+// Any of them: for left-handed users the system swaps the keys of two buttons.
 bool AnyButtonIsHeld()
 {
     return GetKeyState(VK_LBUTTON) < 0 || GetKeyState(VK_RBUTTON) < 0 ||

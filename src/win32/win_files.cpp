@@ -153,8 +153,7 @@ std::string AccessOf(const std::string& path)
     return read ? descriptor : std::string();
 }
 
-// Without the right to delete it, a file that gets the list of the one at path could never get its
-// name, either.
+// A file with the access list of one that this user may not delete could not be renamed.
 bool MayBeDeleted(const std::string& path)
 {
     return OpenToLook(path, DELETE) || GetLastError() != ERROR_ACCESS_DENIED;
@@ -331,7 +330,7 @@ bool WinFiles::CopyAccess(const std::string& from, const std::string& to)
     if (!SetFileSecurityA(to.c_str(), DACL_SECURITY_INFORMATION, wanted.data())) {
         return true;
     }
-    // Ignored: hardly anybody may give a file to somebody else.
+    // Ignored: it takes a privilege to give a file to another owner.
     static_cast<void>(SetFileSecurityA(to.c_str(), OWNER_SECURITY_INFORMATION, wanted.data()));
     // Servers of other makers may have made another list of it.
     std::string set = AccessOf(to);

@@ -316,6 +316,12 @@ TEST(Saves, LeaveTheFileWhatItIs)
             EXPECT_EQ(desk.document.FFile(), kStart);
         }
     }
+    Desk desk; // a link to a name that the code page cannot say: the file is written through it
+    desk.files.links[kStart] = "";
+    desk.files.refuseReplace = 1117;
+    desk.Edit();
+    EXPECT_TRUE(desk.document.SavePDM(kStart));
+    EXPECT_EQ(desk.files.Contents(kStart), kEdited);
 }
 
 TEST(Saves, LeaveTemporariesOfOthersAlone)
